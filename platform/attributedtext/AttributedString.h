@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/attributedtext/TextAttributes.h"
+
+#include <QString>
+#include <QStringView>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace platform {
+
+// A part of a string, in UTF-16 code units.
+struct TextRange {
+    qsizetype location = 0;
+    qsizetype length = 0;
+    [[nodiscard]] qsizetype end() const { return location + length; }
+    friend bool operator==(const TextRange&, const TextRange&) = default;
+};
+
+// Text with attributes on runs of it. A value; copies share their text and attributes until one of
+// them changes. All positions are in UTF-16 code units.
+//
+// A range that does not lie within the text throws std::out_of_range, as the platform raises.
+class AttributedString {
+public:
+    static constexpr char16_t attachmentCharacter = u'\uFFFC';
+
+    // A longest stretch of text with equal attributes. Runs cover the text without gaps.
+    struct Run {
+        TextRange range;
+        std::shared_ptr<const TextAttributes> attributes;
+    };
+
+    AttributedString() = default;
+    explicit AttributedString(const QString& string, const TextAttributes& attributes = {});
+    // One attachment character and nothing else about it.
+    [[nodiscard]] static AttributedString withAttachment(std::shared_ptr<TextAttachment> attachment);
+
+    [[nodiscard]] const QString& string() const { return m_string; }
+    [[nodiscard]] qsizetype length() const { return m_string.size(); }
+    [[nodiscard]] bool isEmpty() const { return m_string.isEmpty(); }
+
+    // The attributes at a position and, when asked, the whole run that has them.
+    [[nodiscard]] const TextAttributes& attributesAt(qsizetype location, TextRange* effectiveRange = nullptr) const;
+    [[nodiscard]] AttributedString substring(TextRange range) const;
+    // The runs in order.
+    [[nodiscard]] std::vector<Run> runs() const;
+
+    void append(QStringView text, const TextAttributes& attributes);
+    // For builders that give many pieces the same attributes: no copy of them is made.
+    void append(QStringView text, const std::shared_ptr<const TextAttributes>& attributes);
+    void append(const AttributedString& other);
+    void replaceCharacters(TextRange range, const AttributedString& replacement);
+    // The new text takes the attributes of the first character that it replaces, or of the character
+    // before it when nothing is replaced.
+    void replaceCharacters(TextRange range, QStringView replacement);
+    void deleteCharacters(TextRange range);
+
+    // Calls the function on the attributes of every run in the range.
+    void changeAttributes(TextRange range, const std::function<void(TextAttributes&)>& change);
+    void setParagraphStyle(TextRange range, std::shared_ptr<const ParagraphStyle> style);
+
+    // The line (or paragraph) that holds the range: from its start to its end, terminator included.
+    [[nodiscard]] TextRange lineRangeFor(TextRange range) const;
+
+    // Same text and equal attributes everywhere.
+    friend bool operator==(const AttributedString& left, const AttributedString& right);
+
+private:
+    struct Segment {
+        qsizetype end = 0; // position after the segment
+        std::shared_ptr<const TextAttributes> attributes;
+    };
+
+    void checkRange(TextRange range) const;
+    [[nodiscard]] std::size_t segmentAt(qsizetype location) const;
+    std::size_t splitAt(qsizetype location);
+    void joinEqualSegments(std::size_t first, std::size_t last);
+
+    QString m_string;
+    std::vector<Segment> m_segments; // ordered by end; the last end is the text's length
+};
+
+} // namespace platform
