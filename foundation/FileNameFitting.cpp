@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/FileNameFitting.h"
+
+#include "foundation/StringBMExtensions.h"
+#include "platform/core/PathUtilities.h"
+#include "platform/files/FileManager.h"
+
+#include <QTextBoundaryFinder>
+
+namespace {
+
+qsizetype utf8Size(QStringView text) { return text.toUtf8().size(); }
+
+// The longest beginning that ends between two characters and has at most maximumBytes bytes.
+QString beginningFitting(const QString& text, qsizetype maximumBytes)
+{
+    QTextBoundaryFinder boundaries(QTextBoundaryFinder::Grapheme, text);
+    qsizetype end = 0;
+    qsizetype bytes = 0;
+    for (qsizetype next = boundaries.toNextBoundary(); next > 0; next = boundaries.toNextBoundary()) {
+        bytes += utf8Size(QStringView(text).sliced(end, next - end));
+        if (bytes > maximumBytes)
+            break;
+        end = next;
+    }
+    return text.first(end);
+}
+
+} // namespace
+
+QString fileNameFittingBytes(const QString& name, qsizetype maximumBytes)
+{
+    if (utf8Size(name) <= maximumBytes)
+        return name;
+    QString extension = platform::pathExtension(name);
+    if (!extension.isEmpty())
+        extension.prepend(QLatin1Char('.'));
+    const qsizetype forBase = maximumBytes - utf8Size(extension);
+    const QString base = forBase > 0 ? beginningFitting(name.chopped(extension.size()), forBase) : QString();
+    // An extension that leaves no room for a name is cut like any other text.
+    return base.isEmpty() ? beginningFitting(name, maximumBytes) : base + extension;
+}
+
+QString freeFileNameInDirectoryAtURL(const QString& name, const QUrl& directoryUrl)
+{
+    qsizetype room = platform::maximumFileNameBytes;
+    for (;;) {
+        const QString fitting = fileNameFittingBytes(name, room);
+        const QString free = makeFilenameUniqueInDirectoryAtURL(fitting, directoryUrl);
+        const qsizetype excess = utf8Size(free) - platform::maximumFileNameBytes;
+        if (excess <= 0 || room <= excess)
+            return free;
+        room -= excess;
+    }
+}

@@ -1,0 +1,442 @@
+// SPDX-License-Identifier: MIT
+#include "enex/EvernoteXMLParseOperation.h"
+
+#include "enex/EvernoteXMLErrors.h"
+
+#include "support/ScratchFolder.h"
+
+#include <stdexcept>
+#include <thread>
+
+namespace {
+
+using platform::Error;
+using platform::manifest::Record;
+using platform::manifest::makeRecord;
+using ::testing::ElementsAre;
+
+QString text(const char* utf8) { return QString::fromUtf8(utf8); }
+
+// What a note held at its end.
+struct SeenNote {
+    QString title;
+    QByteArray content;
+    std::optional<QDateTime> created;
+    std::optional<QDateTime> updated;
+    QStringList tags;
+    QString source;
+    QString sourceURL;
+    EvernoteXMLNote::Resources resources;
+    QUrl directory;
+    Record group;
+};
+
+class SeeingNote : public EvernoteXMLNote {
+public:
+    using Conversion = std::function<Record(const QString& title, Error*)>;
+
+    SeeingNote(const QUrl& directory, std::vector<SeenNote>& seen, Conversion conversion)
+        : EvernoteXMLNote(directory)
+        , m_seen(seen)
+        , m_conversion(std::move(conversion))
+    {
+    }
+
+    Record itemDictInGroup(const Record& group, Error* error) override
+    {
+        m_seen.push_back({title(), contentData(), created(), updated(), tags(), noteAttributes().source(),
+                          noteAttributes().sourceURL(), resources(), directoryURL(), group});
+        return m_conversion(title(), error);
+    }
+
+private:
+    std::vector<SeenNote>& m_seen;
+    Conversion m_conversion;
+};
+
+// Every test runs with the usual chunks and with chunks of one byte.
+class EvernoteXMLParseOperationTest : public ::testing::TestWithParam<qsizetype> {
+protected:
+    void run(const QByteArray& enex)
+    {
+        runFile(QUrl::fromLocalFile(m_folder.write(text("Notebook.enex"), enex)));
+    }
+
+    void runNotes(const QByteArray& notes) { run("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<en-export>" + notes + "</en-export>"); }
+
+    void runFile(const QUrl& url)
+    {
+        prepare(url);
+        m_operation->start();
+    }
+
+    void prepare(const QUrl& url)
+    {
+        m_operation = EvernoteXMLParseOperation::evernoteParseOperationForFileAtURL(url, m_directory, m_group);
+        m_operation->setReadChunkSize(GetParam());
+        m_operation->setDebugMode(m_debugMode);
+        m_log = std::make_shared<platform::OutputStream>(m_folder.filePath("log"), platform::OutputStream::Mode::Overwrite);
+        ASSERT_TRUE(m_log->open());
+        m_operation->setLogStream(m_log);
+        m_operation->setItemFactory(
+            [this](const QUrl& directory) { return std::make_unique<SeeingNote>(directory, m_seen, m_conversion); });
+        m_operation->setParseOperationDidExportItemBlock([this](const Record& record, const std::optional<Error>& error) {
+            m_records.push_back(record);
+            m_errors.push_back(error);
+            m_titlesInBlock += m_operation->currentItem()->title();
+            if (m_afterEachNote)
+                m_afterEachNote();
+        });
+        m_operation->setParseOperationCompletionBlock([this](const std::optional<Error>& error) { m_completions.push_back(error); });
+    }
+
+    // The log without dates.
+    QStringList logLines()
+    {
+        QStringList lines;
+        for (const QString& line : QString::fromUtf8(m_folder.read(text("log"))).split(u'\n', Qt::SkipEmptyParts))
+            lines += line.mid(26);
+        return lines;
+    }
+
+    test::ScratchFolder m_folder;
+    QUrl m_directory = QUrl::fromLocalFile(text("/import/folder"));
+    Record m_group = makeRecord();
+    bool m_debugMode = false;
+    SeeingNote::Conversion m_conversion = [](const QString& title, Error*) {
+        Record record = makeRecord();
+        record->insert(text("name"), title);
+        return record;
+    };
+    std::function<void()> m_afterEachNote;
+    std::shared_ptr<platform::OutputStream> m_log;
+    std::shared_ptr<EvernoteXMLParseOperation> m_operation;
+
+    std::vector<SeenNote> m_seen;
+    std::vector<Record> m_records;
+    std::vector<std::optional<Error>> m_errors;
+    QStringList m_titlesInBlock;
+    std::vector<std::optional<Error>> m_completions;
+};
+
+INSTANTIATE_TEST_SUITE_P(Chunks, EvernoteXMLParseOperationTest, ::testing::Values(64 * 1024, 1),
+                         [](const auto& info) { return info.param == 1 ? "OneByte" : "Usual"; });
+
+TEST_P(EvernoteXMLParseOperationTest, NotesWithOnlyTitleAndContentGiveOneRecordEachInOrder)
+{
+    runNotes("<note><title>One</title><content><![CDATA[<en-note>1</en-note>]]></content></note>"
+             "<note><title>Two</title><content><![CDATA[<en-note>2</en-note>]]></content></note>");
+    ASSERT_EQ(m_seen.size(), 2u);
+    EXPECT_EQ(m_seen[0].title, text("One"));
+    EXPECT_EQ(m_seen[0].content, "<en-note>1</en-note>");
+    EXPECT_EQ(m_seen[1].title, text("Two"));
+    EXPECT_EQ(m_seen[1].content, "<en-note>2</en-note>");
+    EXPECT_EQ(m_seen[0].directory, m_directory);
+    EXPECT_EQ(m_seen[0].group, m_group);
+    EXPECT_EQ(m_titlesInBlock, QStringList({text("One"), text("Two")}));
+    ASSERT_EQ(m_completions.size(), 1u);
+    EXPECT_FALSE(m_completions[0]);
+    EXPECT_TRUE(m_operation->operationFinished());
+    EXPECT_FALSE(m_operation->operationExecuting());
+}
+
+TEST_P(EvernoteXMLParseOperationTest, ReadsEveryField)
+{
+    runNotes("<note><title>T &amp; t</title><content><![CDATA[<en-note/>]]></content>"
+             "<created>20130412T093015Z</created><updated>20130413T000000Z</updated><tag> a </tag><tag>b</tag>"
+             "<note-attributes><author>nobody</author><source>web.clip</source>"
+             "<source-url>http://example.org/?a=1&amp;b=2</source-url></note-attributes>"
+             "<resource><data encoding=\"base64\">QU\nJD</data><mime>image/png</mime><width>40.5</width><height>30</height>"
+             "<resource-attributes><timestamp>20120101T120000Z</timestamp><file-name>a&amp;b.png</file-name>"
+             "</resource-attributes></resource>"
+             "<resource><data encoding=\"base64\">RA==</data><mime>application/pdf</mime></resource></note>");
+    ASSERT_EQ(m_seen.size(), 1u);
+    const SeenNote& note = m_seen[0];
+    EXPECT_EQ(note.title, text("T & t"));
+    EXPECT_EQ(note.created, QDateTime(QDate(2013, 4, 12), QTime(9, 30, 15), Qt::UTC));
+    EXPECT_EQ(note.updated, QDateTime(QDate(2013, 4, 13), QTime(0, 0), Qt::UTC));
+    EXPECT_EQ(note.tags, QStringList({text("a"), text("b")}));
+    EXPECT_EQ(note.source, text("web.clip"));
+    EXPECT_EQ(note.sourceURL, text("http://example.org/?a=1&b=2"));
+    ASSERT_EQ(note.resources.size(), 2u);
+    const EvernoteXMLResource& image = *note.resources[0];
+    EXPECT_EQ(image.base64Data(), "QU\nJD");
+    EXPECT_EQ(image.mime(), text("image/png"));
+    EXPECT_EQ(image.width(), 40.5);
+    EXPECT_EQ(image.height(), 30);
+    EXPECT_EQ(image.attributes().timestamp(), QDateTime(QDate(2012, 1, 1), QTime(12, 0), Qt::UTC));
+    EXPECT_EQ(image.attributes().filename(), text("a&b.png"));
+    EXPECT_EQ(note.resources[1]->mime(), text("application/pdf"));
+    EXPECT_TRUE(note.resources[1]->attributes().filename().isEmpty());
+}
+
+TEST_P(EvernoteXMLParseOperationTest, DataWithoutAnEncodingEndsTheFileAfterTheNotesBeforeIt)
+{
+    runNotes("<note><title>Before</title></note><note><resource><data>QUJD</data></resource></note>"
+             "<note><title>After</title></note>");
+    EXPECT_EQ(m_titlesInBlock, QStringList{text("Before")});
+    ASSERT_EQ(m_completions.size(), 2u);
+    EXPECT_EQ(m_completions[0]->domain(), text("EvernoteXMLParseOperationErrorDomain"));
+    EXPECT_EQ(m_completions[0]->code(), 1003);
+    EXPECT_EQ(m_completions[0]->localizedDescription(), text("Cannot parse \"(null)\" data."));
+    EXPECT_EQ(m_completions[1]->domain(), text("NSXMLParserErrorDomain"));
+    EXPECT_EQ(m_completions[1]->code(), 512);
+    EXPECT_EQ(m_operation->operationError()->code(), 512);
+}
+
+TEST_P(EvernoteXMLParseOperationTest, AnEncodingInAnotherCaseIsRefused)
+{
+    runNotes("<note><resource><data encoding=\"Base64\">QUJD</data></resource></note>");
+    ASSERT_FALSE(m_completions.empty());
+    EXPECT_EQ(m_completions[0]->code(), 1003);
+    EXPECT_EQ(m_completions[0]->localizedDescription(), text("Cannot parse \"Base64\" data."));
+    EXPECT_TRUE(m_records.empty());
+}
+
+TEST_P(EvernoteXMLParseOperationTest, AnEmptyEncodingIsRefused)
+{
+    runNotes("<note><resource><data encoding=\"\">QUJD</data></resource></note>");
+    ASSERT_FALSE(m_completions.empty());
+    EXPECT_EQ(m_completions[0]->localizedDescription(), text("Cannot parse \"\" data."));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, ContentAsPlainCharactersIsIgnored)
+{
+    runNotes("<note><title>T</title><content>&lt;en-note&gt;text&lt;/en-note&gt;</content></note>");
+    ASSERT_EQ(m_seen.size(), 1u);
+    EXPECT_TRUE(m_seen[0].content.isEmpty());
+}
+
+TEST_P(EvernoteXMLParseOperationTest, SeveralContentSectionsAreJoined)
+{
+    runNotes("<note><content><![CDATA[<en-note>a]]><![CDATA[b</en-note>]]></content></note>");
+    ASSERT_EQ(m_seen.size(), 1u);
+    EXPECT_EQ(m_seen[0].content, "<en-note>ab</en-note>");
+}
+
+TEST_P(EvernoteXMLParseOperationTest, WhiteSpaceBetweenTagsIsATagOfItsOwn)
+{
+    runNotes("<note><tag>a</tag>\n<tag>b</tag></note>");
+    ASSERT_EQ(m_seen.size(), 1u);
+    EXPECT_THAT(m_seen[0].tags, ElementsAre(text("a"), QString(), text("b")));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, EachChunkOfATagIsAnEntry)
+{
+    runNotes("<note><tag>R&amp;D</tag></note>");
+    ASSERT_EQ(m_seen.size(), 1u);
+    EXPECT_THAT(m_seen[0].tags, ElementsAre(text("R"), text("&"), text("D")));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, ADateOutsideThePatternLeavesNone)
+{
+    runNotes("<note><created>yesterday</created><updated>2013-04-12</updated></note>");
+    ASSERT_EQ(m_seen.size(), 1u);
+    EXPECT_FALSE(m_seen[0].created);
+    EXPECT_FALSE(m_seen[0].updated);
+}
+
+TEST_P(EvernoteXMLParseOperationTest, WhiteSpaceAfterADateClearsIt)
+{
+    runNotes("<note><created>20130412T093015Z</created>\n<updated>20130412T093015Z</updated><tag>t</tag></note>");
+    ASSERT_EQ(m_seen.size(), 1u);
+    EXPECT_FALSE(m_seen[0].created);
+    EXPECT_TRUE(m_seen[0].updated);
+}
+
+TEST_P(EvernoteXMLParseOperationTest, CharactersAfterAFieldsEndStillBelongToIt)
+{
+    runNotes("<note><title>A</title>B<content/>"
+             "<resource><mime>a</mime>b<data encoding=\"base64\">QU</data>JD<resource-attributes><file-name>c</file-name>d"
+             "</resource-attributes></resource>"
+             "<note-attributes><source>e</source>f<source-url>g</source-url>h</note-attributes></note>");
+    ASSERT_EQ(m_seen.size(), 1u);
+    EXPECT_EQ(m_seen[0].title, text("AB"));
+    EXPECT_EQ(m_seen[0].source, text("ef"));
+    EXPECT_EQ(m_seen[0].sourceURL, text("gh"));
+    ASSERT_EQ(m_seen[0].resources.size(), 1u);
+    EXPECT_EQ(m_seen[0].resources[0]->mime(), text("ab"));
+    EXPECT_EQ(m_seen[0].resources[0]->base64Data(), "QUJD");
+    EXPECT_EQ(m_seen[0].resources[0]->attributes().filename(), text("cd"));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, AnUnknownElementInANoteEndsTheFieldBefore)
+{
+    runNotes("<note><title>A</title><reminder-order>0</reminder-order>B<tag>t</tag></note>");
+    ASSERT_EQ(m_seen.size(), 1u);
+    EXPECT_EQ(m_seen[0].title, text("A"));
+    EXPECT_THAT(m_seen[0].tags, ElementsAre(text("t")));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, AnUnknownElementInAResourceLeavesItsStateAndItsCdataIsDropped)
+{
+    runNotes("<note><content><![CDATA[<en-note/>]]></content><resource><data encoding=\"base64\">QUJD</data>"
+             "<mime>image/png</mime><recognition><![CDATA[<recoIndex/>]]>tail</recognition></resource></note>");
+    ASSERT_EQ(m_seen.size(), 1u);
+    EXPECT_EQ(m_seen[0].content, "<en-note/>");
+    ASSERT_EQ(m_seen[0].resources.size(), 1u);
+    EXPECT_EQ(m_seen[0].resources[0]->mime(), text("image/pngtail"));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, AnUnknownElementInNoteAttributesEndsTheFieldBefore)
+{
+    runNotes("<note><note-attributes><source>s</source><latitude>1</latitude></note-attributes>x</note>");
+    ASSERT_EQ(m_seen.size(), 1u);
+    EXPECT_EQ(m_seen[0].source, text("s"));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, AResourcesAttributesElementStaysUntilTheResourceEnds)
+{
+    runNotes("<note><resource><resource-attributes><file-name>a</file-name></resource-attributes>x"
+             "<file-name>b</file-name></resource></note>");
+    ASSERT_EQ(m_seen.size(), 1u);
+    EXPECT_EQ(m_seen[0].resources[0]->attributes().filename(), text("ab"));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, ANestedTaskRunsIntoTheNote)
+{
+    runNotes("<note><title>N</title><task><title>T</title><created>20200101T000000Z</created></task></note>");
+    ASSERT_EQ(m_seen.size(), 1u);
+    EXPECT_EQ(m_seen[0].title, text("NT"));
+    EXPECT_EQ(m_seen[0].created, QDateTime(QDate(2020, 1, 1), QTime(0, 0), Qt::UTC));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, AnExceptionSkipsThatNoteOnly)
+{
+    m_conversion = [](const QString& title, Error*) -> Record {
+        if (title == text("Bad"))
+            throw std::out_of_range("no such range");
+        return makeRecord();
+    };
+    runNotes("<note><title>Bad</title></note><note><title>Good</title></note>");
+    ASSERT_EQ(m_records.size(), 2u);
+    EXPECT_EQ(m_records[0], nullptr);
+    EXPECT_EQ(m_errors[0]->domain(), text("EvernoteXMLParseOperationErrorDomain"));
+    EXPECT_EQ(m_errors[0]->code(), 1004);
+    EXPECT_EQ(m_errors[0]->localizedDescription(), text("no such range"));
+    EXPECT_NE(m_records[1], nullptr);
+    EXPECT_FALSE(m_errors[1]);
+    EXPECT_THAT(logLines(), ElementsAre(text("Converting \"Bad\""), text("Skipping \"Bad\""), text("Converting \"Good\"")));
+    ASSERT_EQ(m_completions.size(), 1u);
+    EXPECT_FALSE(m_completions[0]);
+}
+
+TEST_P(EvernoteXMLParseOperationTest, AFailedConversionHandsItsErrorOnUnchanged)
+{
+    m_conversion = [](const QString&, Error* error) -> Record {
+        platform::setError(error, Error(text("Own"), 7, text("own text")));
+        return nullptr;
+    };
+    runNotes("<note><title>A</title></note><note><title>B</title></note>");
+    ASSERT_EQ(m_errors.size(), 2u);
+    EXPECT_EQ(m_errors[0], Error(text("Own"), 7, text("own text")));
+    EXPECT_THAT(logLines(), ElementsAre(text("Converting \"A\""), text("Skipping \"A\""), text("Converting \"B\""), text("Skipping \"B\"")));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, NoRecordAndNoErrorAreHandedOnAsSuch)
+{
+    m_conversion = [](const QString&, Error*) -> Record { return nullptr; };
+    runNotes("<note><title>A</title></note>");
+    ASSERT_EQ(m_records.size(), 1u);
+    EXPECT_EQ(m_records[0], nullptr);
+    EXPECT_FALSE(m_errors[0]);
+}
+
+TEST_P(EvernoteXMLParseOperationTest, DebugModeLogsEveryEventButNoText)
+{
+    m_debugMode = true;
+    runNotes("<note><title>T</title><content><![CDATA[<x/>]]></content></note>");
+    EXPECT_THAT(logLines(),
+                ElementsAre(text("parser:didStartElement: en-export"), text("parser:didStartElement: note"),
+                            text("parser:didStartElement: title"), text("parser:foundCharacters:"),
+                            text("parser:didEndElement: title"), text("parser:didStartElement: content"),
+                            text("parser:foundCDATA:"), text("parser:didEndElement: content"),
+                            text("parser:didEndElement: note"), text("Converting \"T\""),
+                            text("parser:didEndElement: en-export")));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, CancellingInTheMiddleStopsAfterTheCurrentEvent)
+{
+    m_afterEachNote = [this] { m_operation->cancel(); };
+    runNotes("<note><title>One</title></note><note><title>Two</title></note>");
+    EXPECT_EQ(m_titlesInBlock, QStringList{text("One")});
+    ASSERT_EQ(m_completions.size(), 1u);
+    EXPECT_EQ(m_completions[0]->domain(), text("NSXMLParserErrorDomain"));
+    EXPECT_EQ(m_completions[0]->code(), 512);
+    EXPECT_TRUE(m_operation->isCancelled());
+}
+
+TEST_P(EvernoteXMLParseOperationTest, CancellingFromAnotherThreadEndsTheParse)
+{
+    m_afterEachNote = [this] {
+        std::thread([this] { m_operation->cancel(); }).join();
+    };
+    runNotes("<note><title>One</title></note><note><title>Two</title></note>");
+    EXPECT_EQ(m_titlesInBlock, QStringList{text("One")});
+}
+
+TEST_P(EvernoteXMLParseOperationTest, CancelledBeforeItRunsItReadsNothing)
+{
+    prepare(QUrl::fromLocalFile(m_folder.write(text("a.enex"), "<en-export><note/></en-export>")));
+    m_operation->cancel();
+    m_operation->start();
+    EXPECT_TRUE(m_records.empty());
+    EXPECT_TRUE(m_operation->isFinished());
+}
+
+TEST_P(EvernoteXMLParseOperationTest, MalformedXmlEndsTheFileWithTheReadersErrorTwice)
+{
+    run("<en-export><note><title>One</title></note><note><title>Broken</note></en-export>");
+    EXPECT_EQ(m_titlesInBlock, QStringList{text("One")});
+    ASSERT_EQ(m_completions.size(), 2u);
+    EXPECT_EQ(m_completions[0]->domain(), text("NSXMLParserErrorDomain"));
+    EXPECT_EQ(m_completions[1]->domain(), text("NSXMLParserErrorDomain"));
+    EXPECT_TRUE(m_completions[0]->localizedDescription().contains(text("line 1"))) << qPrintable(m_completions[0]->localizedDescription());
+}
+
+TEST_P(EvernoteXMLParseOperationTest, AUrlThatIsNoFileCannotBecomeAStream)
+{
+    runFile(QUrl(text("http://example.org/a.enex")));
+    ASSERT_EQ(m_completions.size(), 1u);
+    EXPECT_EQ(m_completions[0]->domain(), text("EvernoteXMLParseOperationErrorDomain"));
+    EXPECT_EQ(m_completions[0]->code(), 1001);
+    EXPECT_EQ(m_completions[0]->localizedDescription(), text("Cannot create input stream."));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, AMissingFileEndsWithTheReadersErrorThatNamesIt)
+{
+    runFile(QUrl::fromLocalFile(text("/nowhere/Notes.enex")));
+    ASSERT_FALSE(m_completions.empty());
+    EXPECT_EQ(m_completions.back()->domain(), text("NSXMLParserErrorDomain"));
+    EXPECT_TRUE(m_completions.back()->localizedDescription().contains(text("/nowhere/Notes.enex")));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, ANoteWithinANoteIsConvertedAndTheOuterEndIsReportedEmpty)
+{
+    prepare(QUrl::fromLocalFile(m_folder.write(
+        text("a.enex"), "<en-export><note><title>Outer</title><note/><title>lost</title></note></en-export>")));
+    m_operation->setParseOperationDidExportItemBlock(
+        [this](const Record& record, const std::optional<Error>&) { m_records.push_back(record); });
+    m_operation->start();
+    ASSERT_EQ(m_records.size(), 2u);
+    EXPECT_NE(m_records[0], nullptr);
+    EXPECT_EQ(m_records[1], nullptr);
+    EXPECT_EQ(m_seen.size(), 1u);
+    EXPECT_THAT(logLines(), ElementsAre(text("Converting \"Outer\""), text("Converting \"(null)\""), text("Skipping \"(null)\"")));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, EntityBombsStayUnexpanded)
+{
+    run("<!DOCTYPE en-export [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;\">"
+        "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;\">]>"
+        "<en-export><note><title>x&c;y</title></note></en-export>");
+    ASSERT_EQ(m_seen.size(), 1u);
+    EXPECT_EQ(m_seen[0].title, text("xy"));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, IsAsynchronous)
+{
+    EXPECT_TRUE(EvernoteXMLParseOperation().isAsynchronous());
+}
+
+} // namespace

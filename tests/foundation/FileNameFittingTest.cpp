@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/FileNameFitting.h"
+
+#include "support/ScratchFolder.h"
+
+namespace {
+
+QString text(const char* utf8) { return QString::fromUtf8(utf8); }
+
+TEST(FileNameFittingTest, LeavesANameThatFits)
+{
+    EXPECT_EQ(fileNameFittingBytes(text("Tax 2013.pdf"), 255), text("Tax 2013.pdf"));
+}
+
+TEST(FileNameFittingTest, ShortensBeforeTheExtensionAtACharacterBoundary)
+{
+    const QString japanese = QString(100, QChar(0x65E5)) + text(".qlnote"); // 307 bytes
+    const QString fitting = fileNameFittingBytes(japanese, 255);
+    EXPECT_EQ(fitting, QString(82, QChar(0x65E5)) + text(".qlnote"));
+    EXPECT_LE(fitting.toUtf8().size(), 255);
+}
+
+TEST(FileNameFittingTest, NeverCutsWithinACharacterAsReadersSeeIt)
+{
+    const QString family = text("\U0001F468\u200D\U0001F469\u200D\U0001F467"); // 18 bytes, one character
+    EXPECT_EQ(fileNameFittingBytes(family + family, 35), family);
+    EXPECT_EQ(fileNameFittingBytes(text("e\u0301e\u0301"), 5), text("e\u0301"));
+}
+
+TEST(FileNameFittingTest, CutsAnExtensionThatLeavesNoRoom)
+{
+    const QString name = text("a.") + QString(300, u'e');
+    EXPECT_EQ(fileNameFittingBytes(name, 255), name.first(255));
+}
+
+TEST(FileNameFittingTest, AFreeNameFitsWithItsNumberToo)
+{
+    const test::ScratchFolder folder;
+    const QUrl url = QUrl::fromLocalFile(folder.path());
+    const QString name = QString(100, QChar(0x65E5)) + text(".qlnote");
+    QStringList names;
+    for (int count = 0; count < 12; ++count) {
+        names += freeFileNameInDirectoryAtURL(name, url);
+        EXPECT_LE(names.back().toUtf8().size(), 255);
+        EXPECT_TRUE(names.back().endsWith(text(".qlnote")));
+        static_cast<void>(folder.write(names.back(), "x"));
+    }
+    EXPECT_EQ(names.removeDuplicates(), 0);
+    EXPECT_EQ(folder.tree().size(), 12);
+}
+
+} // namespace
