@@ -6,3 +6,5 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include "QtPrinting.h"

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "convert/ENMLRewriting.h"
+
+#include "convert/AttachmentMarker.h"
+#include "convert/ENMLTagReplacement.h"
+#include "convert/PageTemplate.h"
+#include "formats/ChecklistBoxTexts.h"
+#include "foundation/FileNameFitting.h"
+#include "platform/core/LocalizedStrings.h"
+#include "platform/core/SystemLog.h"
+#include "platform/files/FileManager.h"
+#include "platform/types/UniformTypes.h"
+
+using platform::Error;
+using platform::localizedString;
+using platform::XMLElement;
+
+ENMLRewriting::ENMLRewriting(const EvernoteXMLNote& note, const QUrl& folder)
+    : m_note(note)
+    , m_folder(folder)
+{
+}
+
+std::optional<QString> ENMLRewriting::xhtmlString(const XMLElement& noteElement, Error* error)
+{
+    QString markup = noteElement.xmlString();
+    markup.remove(QStringLiteral("<en-note>"));
+    markup.remove(QStringLiteral("</en-note>"));
+    const ENMLTagReplacement media{QStringLiteral("<en-media "), QStringLiteral("/>"), QStringLiteral("</en-media>"),
+                                   localizedString("Invalid media tag."),
+                                   [this](const XMLElement& tag, Error* tagError) {
+                                       return replacementForMedia(tag, tagError);
+                                   }};
+    return media.applyTo(markup, error);
+}
+
+std::optional<QString> ENMLRewriting::noteXHTMLString(const XMLElement& noteElement, Error* error)
+{
+    std::optional<QString> body = xhtmlString(noteElement, error);
+    if (!body)
+        return std::nullopt;
+    const ENMLTagReplacement todo{QStringLiteral("<en-todo"), QStringLiteral("/en-todo>"), {},
+                                  localizedString("Invalid todo tag."), [](const XMLElement& tag, Error*) {
+                                      const bool checked = tag.attribute(u"checked") == QLatin1String("true");
+                                      return checked ? checklist::checkedBoxText : checklist::uncheckedBoxText;
+                                  }};
+    body = todo.applyTo(*body, error);
+    if (!body)
+        return std::nullopt;
+    const ENMLTagReplacement crypt{QStringLiteral("<en-crypt"), QStringLiteral("</en-crypt>"), {},
+                                   localizedString("Invalid crypt tag."), [this](const XMLElement&, Error*) {
+                                       ++m_encryptedPassages;
+                                       return QStringLiteral("********");
+                                   }};
+    body = crypt.applyTo(*body, error);
+    if (!body)
+        return std::nullopt;
+    return pageFromTemplate(m_note.title(), *body, error);
+}
+
+std::optional<QString> ENMLRewriting::replacementForMedia(const XMLElement& tag, Error* error)
+{
+    const std::shared_ptr<EvernoteXMLResource> resource = resourceWithHash(tag.attribute(u"hash"));
+    if (!resource) {
+        ++m_missingAttachments;
+        return localizedString("[Missing Attachment]");
+    }
+    m_shownHashes.insert(*tag.attribute(u"hash"));
+    const QString mime = tag.attribute(u"type").value_or(resource->mime());
+    const QString type = platform::preferredIdentifierForMimeType(mime);
+    const QString name = fileNameFor(*resource, type);
+    const std::optional<QString> path = platform::pathWithin(m_folder.toLocalFile(), name, error);
+    if (!path || !resource->writeToURL(QUrl::fromLocalFile(*path), error))
+        return std::nullopt;
+    if (!platform::typeConformsTo(type, QStringLiteral("public.image"))) {
+        // Escaped for the page, so that the name comes out of it as it is.
+        return QStringLiteral("%1 %2 %3").arg(attachmentmarker::head, name.toHtmlEscaped(), attachmentmarker::tail);
+    }
+    XMLElement image = XMLElement::create(QStringLiteral("img"));
+    for (const QStringView dimension : {QStringView(u"width"), QStringView(u"height")}) {
+        if (const std::optional<QString> value = tag.attribute(dimension))
+            image.setAttribute(dimension, *value);
+    }
+    image.setAttribute(u"src", name);
+    return image.xmlString();
+}
+
+std::shared_ptr<EvernoteXMLResource> ENMLRewriting::resourceWithHash(const std::optional<QString>& hash)
+{
+    if (!hash)
+        return nullptr;
+    if (!m_hashes) {
+        m_hashes.emplace();
+        for (const auto& resource : m_note.resources()) {
+            Error hashError;
+            const std::optional<QString> resourceHash = resource->md5Hash(&hashError);
+            if (!resourceHash)
+                platform::systemLog(QStringLiteral("Couldn't get hash: %1").arg(hashError.description()));
+            *m_hashes += resourceHash.value_or(QString());
+        }
+    }
+    const qsizetype index = hash->isEmpty() ? -1 : m_hashes->indexOf(*hash);
+    return index < 0 ? nullptr : m_note.resources()[static_cast<std::size_t>(index)];
+}
+
+QString ENMLRewriting::fileNameFor(const EvernoteXMLResource& resource, const QString& type) const
+{
+    QString name = resource.attributes().filename();
+    if (name.isEmpty()) {
+        name = resource.identifier();
+        if (const std::optional<QString> extension = platform::preferredExtensionForType(type))
+            name += QLatin1Char('.') + *extension;
+    }
+    return freeFileNameInDirectoryAtURL(name, m_folder);
+}
+
+QStringList ENMLRewriting::warnings() const
+{
+    QStringList texts;
+    if (m_missingAttachments > 0) {
+        texts += localizedString("%1 attachments that the note shows are missing from the file.")
+                     .arg(m_missingAttachments);
+    }
+    if (m_encryptedPassages > 0) {
+        texts += localizedString("%1 encrypted passages cannot be read; asterisks stand in their place.")
+                     .arg(m_encryptedPassages);
+    }
+    for (const auto& resource : m_note.resources()) {
+        const std::optional<QString> hash = resource->md5Hash();
+        if (!hash || !m_shownHashes.contains(*hash)) {
+            const QString& name = resource->attributes().filename();
+            texts += localizedString("The note's text does not show the attachment “%1”; it was left out.")
+                         .arg(name.isEmpty() ? resource->mime() : name);
+        }
+    }
+    return texts;
+}

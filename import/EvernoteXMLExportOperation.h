@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "import/EvernoteExportOperation.h"
+
+// A run over the Evernote application's notebooks, which the application exports as one ENEX file per notebook.
+//
+// There is no connection to the application yet: every notebook ends with an error that says so.
+class EvernoteXMLExportOperation : public EvernoteExportOperation {
+protected:
+    void performExportForNotebook(const Notebook& notebook, const QString& toNotebookFilesPath,
+                                  const platform::manifest::Record& targetFolder) override;
+};

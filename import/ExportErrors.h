@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+// The errors of a run.
+
+inline const QString evernoteExportErrorDomain = QStringLiteral("EvernoteExport");
+
+enum EvernoteExportErrorCode : int {
+    EvernoteExportErrorNoFileWrapper = 10001,
+    EvernoteExportErrorQuilleryTooOld = 10002,
+    EvernoteExportErrorNoQuillery = 10003,
+    EvernoteExportErrorNoDirectory = 10004,
+    EvernoteExportErrorCancelled = 10005,
+    EvernoteExportErrorNoConnection = 10006
+};

@@ -1,0 +1,6 @@
+// SPDX-License-Identifier: MIT
+#include "resources/Resources.h"
+
+#include <QDir>
+
+void registerResources() { Q_INIT_RESOURCE(bundle); }

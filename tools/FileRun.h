@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "import/EvernoteXMLFileExportOperation.h"
+#include "tools/ProgressDisplay.h"
+#include "tools/RunOutcome.h"
+
+#include <memory>
+
+// One file's run from the main thread: queues it, runs the event loop until nothing of it is left, and says how
+// it ended.
+class FileRun : private EvernoteExportOperationDelegate {
+public:
+    FileRun(const QString& file, const std::shared_ptr<platform::ScriptingBridge>& bridge,
+            const RunDirectories& directories, ProgressDisplay& progress);
+
+    [[nodiscard]] RunOutcome run();
+
+    // Asks the run to stop, in the event loop.
+    void cancel();
+
+private:
+    void exportOperationDidStart(EvernoteExportOperation& operation) override;
+    void exportOperationWillExportRecordsFromNotebook(EvernoteExportOperation& operation, quint64 count,
+                                                      const QString& name) override;
+    void exportOperationWillExportRecordsFromFileAtURL(EvernoteExportOperation& operation, quint64 count,
+                                                       const QUrl& url) override;
+    void exportOperationDidExportRecord(EvernoteExportOperation& operation) override;
+    void exportOperationDidEncounterError(EvernoteExportOperation& operation,
+                                          const std::optional<platform::Error>& error) override;
+    void exportOperationDidCancel(EvernoteExportOperation& operation) override;
+    void exportOperationDidEnd(EvernoteExportOperation& operation) override;
+
+    std::shared_ptr<EvernoteXMLFileExportOperation> m_operation;
+    platform::OperationQueue m_queue;
+    ProgressDisplay& m_progress;
+    RunOutcome m_outcome;
+};
