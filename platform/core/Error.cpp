@@ -27,10 +27,27 @@ Error Error::withUnderlyingError(Error underlying) const
     return result;
 }
 
+namespace {
+
+// A log's line is cut by a byte for every byte that its characters take beyond one, so the quotation marks of
+// texts for people become plain ones.
+QString withPlainQuotes(QString text)
+{
+    for (QChar& character : text) {
+        if (character == QChar(0x201C) || character == QChar(0x201D))
+            character = QLatin1Char('"');
+        else if (character == QChar(0x2018) || character == QChar(0x2019))
+            character = QLatin1Char('\'');
+    }
+    return text;
+}
+
+} // namespace
+
 QString Error::description() const
 {
     QString text = QStringLiteral("Error Domain=%1 Code=%2 \"%3\"")
-                       .arg(m_domain, QString::number(m_code), localizedDescription());
+                       .arg(m_domain, QString::number(m_code), withPlainQuotes(localizedDescription()));
     if (m_underlying)
         text += QStringLiteral(" {%1}").arg(m_underlying->description());
     return text;

@@ -31,7 +31,7 @@ public:
     // True for a default-constructed error, which says nothing.
     [[nodiscard]] bool isNull() const { return m_domain.isEmpty() && m_code == 0; }
 
-    // The form for logs: Error Domain=D Code=N "text".
+    // The form for logs: Error Domain=D Code=N "text", with plain quotation marks in the text.
     [[nodiscard]] QString description() const;
 
     friend bool operator==(const Error& left, const Error& right)

@@ -29,6 +29,13 @@ TEST(ErrorTest, ShowsTheErrorThatCausedIt)
                              "{Error Domain=POSIX Code=28 \"No space left on device\"}"));
 }
 
+TEST(ErrorTest, ItsDescriptionHasPlainQuotationMarks)
+{
+    const Error error(QStringLiteral("D"), 1, QStringLiteral("\u201ca\u201d isn\u2019t"));
+    EXPECT_EQ(error.description(), QStringLiteral("Error Domain=D Code=1 \"\"a\" isn't\""));
+    EXPECT_EQ(error.localizedDescription(), QStringLiteral("\u201ca\u201d isn\u2019t"));
+}
+
 TEST(ErrorTest, AnAbsentOutParameterIsLeftAlone)
 {
     platform::setError(nullptr, Error(QStringLiteral("D"), 1));

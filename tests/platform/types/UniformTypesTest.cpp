@@ -8,12 +8,6 @@
 
 #include <ostream>
 
-void PrintTo(const QString& text, std::ostream* stream);
-void PrintTo(const QString& text, std::ostream* stream)
-{
-    *stream << '"' << text.toStdString() << '"';
-}
-
 namespace {
 
 using platform::DynamicType;

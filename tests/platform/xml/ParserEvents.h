@@ -5,14 +5,6 @@
 
 #include <QStringList>
 
-#include <ostream>
-
-// Google Test finds it beside the type that it prints.
-inline void PrintTo(const QString& text, std::ostream* stream)
-{
-    *stream << '"' << text.toStdString() << '"';
-}
-
 namespace test {
 
 // What a parser delivered, one line an event; neighbouring texts and neighbouring CDATA pieces
