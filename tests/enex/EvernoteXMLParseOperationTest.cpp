@@ -120,7 +120,7 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(Chunks, EvernoteXMLParseOperationTest, ::testing::Values(64 * 1024, 1),
-                         [](const auto& info) { return info.param == 1 ? "OneByte" : "Usual"; });
+                         [](const auto& chunk) { return chunk.param == 1 ? "OneByte" : "Usual"; });
 
 TEST_P(EvernoteXMLParseOperationTest, NotesWithOnlyTitleAndContentGiveOneRecordEachInOrder)
 {
