@@ -15,9 +15,33 @@ using platform::Error;
 using platform::localizedString;
 using platform::XMLElement;
 
-ENMLRewriting::ENMLRewriting(const EvernoteXMLNote& note, const QUrl& folder)
+namespace {
+
+// The name as a relative address. Most names are their own; only what a browser would take for a part of an
+// address, for an escape or for nothing at all is escaped.
+QString relativeAddress(const QString& fileName)
+{
+    QString address;
+    for (const QChar unit : fileName) {
+        const ushort code = unit.unicode();
+        const bool isControl = code < 0x20 || code == 0x7F;
+        if (isControl || QStringView(u"%#?:\\").contains(unit))
+            address += QLatin1Char('%') + QStringLiteral("%1").arg(code, 2, 16, QLatin1Char('0')).toUpper();
+        else
+            address += unit;
+    }
+    // Blanks are dropped at the ends alone.
+    if (address.startsWith(u' ') || address.endsWith(u' '))
+        address.replace(u' ', QLatin1String("%20"));
+    return address;
+}
+
+} // namespace
+
+ENMLRewriting::ENMLRewriting(const EvernoteXMLNote& note, const QUrl& folder, ImageSource imageSource)
     : m_note(note)
     , m_folder(folder)
+    , m_imageSource(imageSource)
 {
 }
 
@@ -81,7 +105,7 @@ std::optional<QString> ENMLRewriting::replacementForMedia(const XMLElement& tag,
         if (const std::optional<QString> value = tag.attribute(dimension))
             image.setAttribute(dimension, *value);
     }
-    image.setAttribute(u"src", name);
+    image.setAttribute(u"src", m_imageSource == ImageSource::FileName ? name : relativeAddress(name));
     return image.xmlString();
 }
 
@@ -118,11 +142,11 @@ QStringList ENMLRewriting::warnings() const
 {
     QStringList texts;
     if (m_missingAttachments > 0) {
-        texts += localizedString("%1 attachments that the note shows are missing from the file.")
+        texts += localizedString("Attachments that the note shows but the file does not hold: %1.")
                      .arg(m_missingAttachments);
     }
     if (m_encryptedPassages > 0) {
-        texts += localizedString("%1 encrypted passages cannot be read; asterisks stand in their place.")
+        texts += localizedString("Encrypted passages, which cannot be read: %1. Asterisks stand in their place.")
                      .arg(m_encryptedPassages);
     }
     for (const auto& resource : m_note.resources()) {

@@ -17,8 +17,16 @@
 // checkboxes, then the encrypted passages. Nothing else in the markup is touched.
 class ENMLRewriting {
 public:
+    // How the page names an image's file.
+    enum class ImageSource {
+        // As it is, for a reader that takes it for a name.
+        FileName,
+        // As a reader takes it that resolves addresses: the name with escapes where it would mean another place.
+        RelativeAddress
+    };
+
     // folder: where the attachments' files go and the page will lie; it must exist.
-    ENMLRewriting(const EvernoteXMLNote& note, const QUrl& folder);
+    ENMLRewriting(const EvernoteXMLNote& note, const QUrl& folder, ImageSource imageSource = ImageSource::FileName);
 
     // The markup without its en-note tags, each attachment written beside it: an image as an img element, any
     // other as a marker with the file's name. A start tag of en-note that has attributes stays.
@@ -38,6 +46,7 @@ private:
 
     const EvernoteXMLNote& m_note;
     QUrl m_folder;
+    ImageSource m_imageSource;
     // The resources' hashes in their order, empty where one has none; made when the first tag asks.
     std::optional<QStringList> m_hashes;
     QSet<QString> m_shownHashes;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
 // The files that an EvernoteXMLItem can become.
-#include "convert/ConversionErrors.h"
 #include "convert/ENMLRewriting.h"
 #include "convert/EvernoteXMLItem.h"
 #include "convert/NoteDocument.h"
+#include "convert/WebClip.h"
 #include "formats/QLNoteFileConstants.h"
 #include "foundation/FileNameFitting.h"
 #include "foundation/StringBMExtensions.h"
@@ -38,11 +38,11 @@ QString singleResourceName(const QString& title, const EvernoteXMLResource& reso
     return name;
 }
 
-// A note's own file name; a note without a title is kept under a name that shows.
-QString noteFileName(const QString& title)
+// The name of a file of the note's own; a note without a title is kept under a name that shows.
+QString fileName(const QString& title, const QString& extension)
 {
     const QString name = stringSanitizedForFileName(title);
-    return (name.isEmpty() ? localizedString("Untitled") : name) + QLatin1Char('.') + qlNoteFileExtension;
+    return (name.isEmpty() ? localizedString("Untitled") : name) + QLatin1Char('.') + extension;
 }
 
 } // namespace
@@ -93,7 +93,7 @@ std::optional<QUrl> EvernoteXMLItem::createNoteForElement(const XMLElement& elem
     if (!NoteDocument::replaceAttachmentMarkers(text, scratch, error))
         return std::nullopt;
     // Clashes are looked for at the top of the import folder, wherever the file goes.
-    const QString name = freeFileNameInDirectoryAtURL(noteFileName(title()), directoryURL());
+    const QString name = freeFileNameInDirectoryAtURL(fileName(title(), qlNoteFileExtension), directoryURL());
     const std::optional<QString> path
         = platform::pathWithin(targetFolderForType(EvernoteXMLItemTypeNote), name, error);
     if (!path || !NoteDocument::writeNoteFile(text, *path, error))
@@ -101,8 +101,21 @@ std::optional<QUrl> EvernoteXMLItem::createNoteForElement(const XMLElement& elem
     return QUrl::fromLocalFile(*path);
 }
 
-std::optional<QUrl> EvernoteXMLItem::createWebArchiveForElement(const XMLElement&, bool, Error* error)
+std::optional<QUrl> EvernoteXMLItem::createWebArchiveForElement(const XMLElement& element, bool refreshingFromWeb,
+                                                                Error* error)
 {
-    platform::setError(error, Error(evernoteXMLItemErrorDomain, EvernoteXMLItemErrorNoWebArchive));
-    return std::nullopt;
+    WebClip clip(*this, m_intermediateHTMLDirectoryURL);
+    const std::optional<QByteArray> archive
+        = refreshingFromWeb ? clip.archiveFromWeb(error) : clip.archiveFromNoteElement(element, error);
+    if (!archive)
+        return std::nullopt;
+    for (const QString& warning : clip.warnings())
+        addWarning(warning);
+    // As for notes, clashes are looked for at the top of the import folder alone.
+    const QString name = freeFileNameInDirectoryAtURL(fileName(title(), WebClip::fileExtension), directoryURL());
+    const std::optional<QString> path
+        = platform::pathWithin(targetFolderForType(EvernoteXMLItemTypeWebPage), name, error);
+    if (!path || !platform::writeFile(*path, *archive, platform::WriteOption::Plain, error))
+        return std::nullopt;
+    return QUrl::fromLocalFile(*path);
 }
