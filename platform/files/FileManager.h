@@ -44,12 +44,16 @@ enum class IntermediateFolders { Create, Require };
 // success.
 [[nodiscard]] bool createDirectory(const QString& path, IntermediateFolders intermediates, Error* error = nullptr);
 
-// Removes a file, a link (not what it leads to) or a folder with everything in it.
+// Removes a file, a link (not what it leads to) or a folder with everything in it, however deep. On failure
+// what was removed until then is gone.
 [[nodiscard]] bool removeItem(const QString& path, Error* error = nullptr);
 
-// Renames, or copies and removes where the target is on another file system. The target must not exist.
+// Renames, or copies and removes where the target is on another file system; modes, dates and extended
+// attributes go along. The target must not exist. Interrupted at any point, the item is whole under one of
+// the two names or both.
 [[nodiscard]] bool moveItem(const QString& from, const QString& to, Error* error = nullptr);
 
+// Reads a regular file; folders, pipes and devices are an error.
 [[nodiscard]] std::optional<QByteArray> readFile(const QString& path, Error* error = nullptr);
 // Reads a regular file as UTF-8 text; bytes that are none are an error.
 [[nodiscard]] std::optional<QString> readTextFile(const QString& path, Error* error = nullptr);
