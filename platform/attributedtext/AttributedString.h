@@ -3,6 +3,7 @@
 
 #include "platform/attributedtext/TextAttributes.h"
 
+#include <QList>
 #include <QString>
 #include <QStringView>
 
@@ -44,7 +45,8 @@ public:
     [[nodiscard]] bool isEmpty() const { return m_string.isEmpty(); }
 
     // The attributes at a position and, when asked, the whole run that has them.
-    [[nodiscard]] const TextAttributes& attributesAt(qsizetype location, TextRange* effectiveRange = nullptr) const;
+    [[nodiscard]] const TextAttributes& attributesAt(qsizetype location,
+                                                     TextRange* effectiveRange = nullptr) const;
     [[nodiscard]] AttributedString substring(TextRange range) const;
     // The runs in order.
     [[nodiscard]] std::vector<Run> runs() const;
@@ -75,13 +77,16 @@ private:
         std::shared_ptr<const TextAttributes> attributes;
     };
 
+    using Segments = QList<Segment>; // shared between copies, as the string is
+
     void checkRange(TextRange range) const;
-    [[nodiscard]] std::size_t segmentAt(qsizetype location) const;
-    std::size_t splitAt(qsizetype location);
-    void joinEqualSegments(std::size_t first, std::size_t last);
+    [[nodiscard]] qsizetype segmentAt(qsizetype location) const;
+    qsizetype splitAt(qsizetype location);
+    void joinEqualSegments(qsizetype first, qsizetype last);
+    void replaceSegments(TextRange range, const Segments& replacement, qsizetype replacementLength);
 
     QString m_string;
-    std::vector<Segment> m_segments; // ordered by end; the last end is the text's length
+    Segments m_segments; // ordered by end; the last end is the text's length
 };
 
 } // namespace platform

@@ -12,9 +12,18 @@ struct Color {
     double blue = 0;
     double alpha = 1;
 
-    // The space that the colour came from; it decides only how the colour is archived.
-    enum class Space { DeviceRgb, CalibratedRgb };
+    // The space that the colour came from; it decides how the colour is archived. A pattern is an image and
+    // has no components.
+    enum class Space { DeviceRgb, CalibratedRgb, Pattern };
     Space space = Space::DeviceRgb;
+
+    // The same colour in the device RGB space; none for a pattern.
+    [[nodiscard]] std::optional<Color> inDeviceRgb() const
+    {
+        if (space == Space::Pattern)
+            return std::nullopt;
+        return Color{red, green, blue, alpha, Space::DeviceRgb};
+    }
 
     [[nodiscard]] static Color fromRgb8(int red, int green, int blue, double alpha = 1)
     {

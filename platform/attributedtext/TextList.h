@@ -13,7 +13,9 @@ struct TextList {
     QString markerFormat;
     int startingItemNumber = 1;
 
-    // The marker of an item, such as U+2022, "3." or "iv.". number: the item's own, from 1.
+    // The marker of an item, such as U+2022, "3." or "iv.". number: the one that the item shows, so the
+    // first item's is startingItemNumber. Numbers that letters or Roman digits cannot write (below 1,
+    // Roman above 3999) are written in decimal; a kind that is not known writes nothing.
     [[nodiscard]] QString markerForItemNumber(int number) const;
 };
 
