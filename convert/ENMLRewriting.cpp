@@ -5,7 +5,6 @@
 #include "convert/ENMLTagReplacement.h"
 #include "convert/PageTemplate.h"
 #include "formats/ChecklistBoxTexts.h"
-#include "foundation/FileNameFitting.h"
 #include "platform/core/LocalizedStrings.h"
 #include "platform/core/SystemLog.h"
 #include "platform/files/FileManager.h"
@@ -42,6 +41,7 @@ ENMLRewriting::ENMLRewriting(const EvernoteXMLNote& note, const QUrl& folder, Im
     : m_note(note)
     , m_folder(folder)
     , m_imageSource(imageSource)
+    , m_freeNames(folder)
 {
 }
 
@@ -96,9 +96,12 @@ std::optional<QString> ENMLRewriting::replacementForMedia(const XMLElement& tag,
     const std::optional<QString> path = platform::pathWithin(m_folder.toLocalFile(), name, error);
     if (!path || !resource->writeToURL(QUrl::fromLocalFile(*path), error))
         return std::nullopt;
+    m_fileNames += name;
     if (!platform::typeConformsTo(type, QStringLiteral("public.image"))) {
-        // Escaped for the page, so that the name comes out of it as it is.
-        return QStringLiteral("%1 %2 %3").arg(attachmentmarker::head, name.toHtmlEscaped(), attachmentmarker::tail);
+        // Escaped for the page, so that the name comes out of it as it is. A carriage return written as itself
+        // would be read as a line feed.
+        const QString escaped = name.toHtmlEscaped().replace(QLatin1Char('\r'), QLatin1String("&#13;"));
+        return QStringLiteral("%1 %2 %3").arg(attachmentmarker::head, escaped, attachmentmarker::tail);
     }
     XMLElement image = XMLElement::create(QStringLiteral("img"));
     for (const QStringView dimension : {QStringView(u"width"), QStringView(u"height")}) {
@@ -127,7 +130,7 @@ std::shared_ptr<EvernoteXMLResource> ENMLRewriting::resourceWithHash(const std::
     return index < 0 ? nullptr : m_note.resources()[static_cast<std::size_t>(index)];
 }
 
-QString ENMLRewriting::fileNameFor(const EvernoteXMLResource& resource, const QString& type) const
+QString ENMLRewriting::fileNameFor(const EvernoteXMLResource& resource, const QString& type)
 {
     QString name = resource.attributes().filename();
     if (name.isEmpty()) {
@@ -135,7 +138,7 @@ QString ENMLRewriting::fileNameFor(const EvernoteXMLResource& resource, const QS
         if (const std::optional<QString> extension = platform::preferredExtensionForType(type))
             name += QLatin1Char('.') + *extension;
     }
-    return freeFileNameInDirectoryAtURL(name, m_folder);
+    return m_freeNames.freeName(name);
 }
 
 QStringList ENMLRewriting::warnings() const

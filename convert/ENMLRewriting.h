@@ -2,6 +2,7 @@
 #pragma once
 
 #include "enex/EvernoteXMLNote.h"
+#include "foundation/FileNameFitting.h"
 #include "platform/core/Error.h"
 #include "platform/xml/XMLNode.h"
 
@@ -36,13 +37,16 @@ public:
     [[nodiscard]] std::optional<QString> noteXHTMLString(const platform::XMLElement& noteElement,
                                                          platform::Error* error = nullptr);
 
+    // The files written beside the page, by name.
+    [[nodiscard]] const QStringList& fileNames() const { return m_fileNames; }
+
     // What the person should know of the body that was rewritten, in their language.
     [[nodiscard]] QStringList warnings() const;
 
 private:
     [[nodiscard]] std::optional<QString> replacementForMedia(const platform::XMLElement& tag, platform::Error* error);
     [[nodiscard]] std::shared_ptr<EvernoteXMLResource> resourceWithHash(const std::optional<QString>& hash);
-    [[nodiscard]] QString fileNameFor(const EvernoteXMLResource& resource, const QString& type) const;
+    [[nodiscard]] QString fileNameFor(const EvernoteXMLResource& resource, const QString& type);
 
     const EvernoteXMLNote& m_note;
     QUrl m_folder;
@@ -50,6 +54,8 @@ private:
     // The resources' hashes in their order, empty where one has none; made when the first tag asks.
     std::optional<QStringList> m_hashes;
     QSet<QString> m_shownHashes;
+    FreeFileNames m_freeNames;
+    QStringList m_fileNames;
     int m_missingAttachments = 0;
     int m_encryptedPassages = 0;
 };

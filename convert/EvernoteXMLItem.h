@@ -3,6 +3,7 @@
 
 #include "enex/EvernoteXMLItemType.h"
 #include "enex/EvernoteXMLNote.h"
+#include "platform/attributedtext/AttributedString.h"
 #include "platform/xml/XMLNode.h"
 
 #include <QString>
@@ -65,9 +66,12 @@ private:
                                                 platform::Error* error);
     [[nodiscard]] std::optional<QUrl> writeWebClip(const platform::XMLElement& element, QVariantMap& record,
                                                    platform::Error* error);
+    void warnOfHiddenAttachments(const platform::AttributedString& text);
     // The folder that files of a kind go to.
     [[nodiscard]] QString targetFolderForType(int type) const;
 
     QUrl m_intermediateHTMLDirectoryURL;
     platform::manifest::Record m_groupDict;
+    // The attachments' files that lie beside the note's page.
+    QStringList m_pageFileNames;
 };

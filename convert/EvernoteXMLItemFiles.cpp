@@ -7,7 +7,6 @@
 #include "convert/WebClip.h"
 #include "formats/QLNoteFileConstants.h"
 #include "foundation/FileNameFitting.h"
-#include "foundation/StringBMExtensions.h"
 #include "platform/core/LocalizedStrings.h"
 #include "platform/core/PathUtilities.h"
 #include "platform/files/FileManager.h"
@@ -26,7 +25,9 @@ QString singleResourceName(const QString& title, const EvernoteXMLResource& reso
 {
     const QString& filename = resource.attributes().filename();
     const QString extension = platform::pathExtension(filename);
-    QString name = extension.isEmpty() ? filename : title + QLatin1Char('.') + extension;
+    // A note without a title would give a name that begins with a dot, which hides the file.
+    const QString shownTitle = title.isEmpty() ? localizedString("Untitled") : title;
+    QString name = extension.isEmpty() ? filename : shownTitle + QLatin1Char('.') + extension;
     if (!name.isEmpty())
         return name;
     name = localizedString("Untitled");
@@ -41,7 +42,7 @@ QString singleResourceName(const QString& title, const EvernoteXMLResource& reso
 // The name of a file of the note's own; a note without a title is kept under a name that shows.
 QString fileName(const QString& title, const QString& extension)
 {
-    const QString name = stringSanitizedForFileName(title);
+    const QString name = fileNameFromTitle(title);
     return (name.isEmpty() ? localizedString("Untitled") : name) + QLatin1Char('.') + extension;
 }
 
@@ -76,8 +77,20 @@ std::optional<QString> EvernoteXMLItem::noteXHTMLStringFromNoteElement(const XML
     if (page) {
         for (const QString& warning : rewriting.warnings())
             addWarning(warning);
+        m_pageFileNames = rewriting.fileNames();
     }
     return page;
+}
+
+void EvernoteXMLItem::warnOfHiddenAttachments(const platform::AttributedString& text)
+{
+    const QSet<QString> shown = NoteDocument::attachedFileNames(text);
+    for (const QString& name : std::as_const(m_pageFileNames)) {
+        if (!shown.contains(name)) {
+            addWarning(localizedString("The attachment “%1” stands where the note shows nothing; it was left out.")
+                           .arg(name));
+        }
+    }
 }
 
 std::optional<QUrl> EvernoteXMLItem::createNoteForElement(const XMLElement& element, Error* error)
@@ -89,9 +102,15 @@ std::optional<QUrl> EvernoteXMLItem::createNoteForElement(const XMLElement& elem
     const QString pagePath = scratch + QLatin1Char('/') + identifier() + QStringLiteral(".html");
     if (!platform::writeFile(pagePath, page->toUtf8(), platform::WriteOption::Plain, error))
         return std::nullopt;
-    platform::AttributedString text = NoteDocument::textOfPage(pagePath);
+    Error pageError;
+    platform::AttributedString text = NoteDocument::textOfPage(pagePath, &pageError);
+    if (!pageError.isNull()) {
+        addWarning(localizedString("The note's text could not be laid out and is missing: %1")
+                       .arg(pageError.localizedDescription()));
+    }
     if (!NoteDocument::replaceAttachmentMarkers(text, scratch, error))
         return std::nullopt;
+    warnOfHiddenAttachments(text);
     // Clashes are looked for at the top of the import folder, wherever the file goes.
     const QString name = freeFileNameInDirectoryAtURL(fileName(title(), qlNoteFileExtension), directoryURL());
     const std::optional<QString> path

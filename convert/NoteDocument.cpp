@@ -46,7 +46,7 @@ Font NoteDocument::bodyFont()
     return Font::fontNamed(name, static_cast<double>(size)).value_or(Font::userFont(standardFontSize));
 }
 
-AttributedString NoteDocument::textOfPage(const QString& pagePath)
+AttributedString NoteDocument::textOfPage(const QString& pagePath, Error* error)
 {
     const Font font = bodyFont();
     platform::HtmlImportOptions options;
@@ -54,7 +54,18 @@ AttributedString NoteDocument::textOfPage(const QString& pagePath)
     options.defaultFontSize = std::trunc(font.size);
     options.baseDirectory = QFileInfo(pagePath).path();
     options.preservedSpanDelimiters = platform::PreservedSpanDelimiters{attachmentmarker::head, attachmentmarker::tail};
-    return platform::attributedStringFromHtmlFile(pagePath, options).value_or(AttributedString());
+    return platform::attributedStringFromHtmlFile(pagePath, options, error).value_or(AttributedString());
+}
+
+QSet<QString> NoteDocument::attachedFileNames(const AttributedString& text)
+{
+    QSet<QString> names;
+    for (const AttributedString::Run& run : text.runs()) {
+        const auto& attachment = run.attributes->attachment;
+        if (attachment && attachment->fileWrapper())
+            names.insert(attachment->fileWrapper()->preferredFilename());
+    }
+    return names;
 }
 
 bool NoteDocument::replaceAttachmentMarkers(AttributedString& text, const QString& folder, Error* error)

@@ -5,6 +5,7 @@
 #include "platform/attributedtext/Font.h"
 #include "platform/core/Error.h"
 
+#include <QSet>
 #include <QString>
 #include <QUrl>
 
@@ -15,9 +16,13 @@ public:
     // settings, else the standard font at 12 points.
     [[nodiscard]] static platform::Font bodyFont();
 
-    // The page laid out as text in the body font; empty when it cannot be read. Attachment markers stand in it
-    // with single blanks round the file's name.
-    [[nodiscard]] static platform::AttributedString textOfPage(const QString& pagePath);
+    // The page laid out as text in the body font; empty, with an error, when it cannot be read. Attachment
+    // markers stand in it with single blanks round the file's name.
+    [[nodiscard]] static platform::AttributedString textOfPage(const QString& pagePath,
+                                                               platform::Error* error = nullptr);
+
+    // The preferred names of the files that the text has attached.
+    [[nodiscard]] static QSet<QString> attachedFileNames(const platform::AttributedString& text);
 
     // Puts the file that each attachment marker names in the marker's place. folder: where the files lie. False
     // with an error when one cannot be loaded. Throws std::out_of_range for a marker without an end.

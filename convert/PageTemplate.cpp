@@ -23,7 +23,8 @@ std::optional<QString> readTemplate(Error* error)
     const QString path = platform::Bundle::main().pathForResource(name, type).value_or(name + QLatin1Char('.') + type);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        platform::setError(error, platform::fileError(platform::FileAccess::Read, path, ENOENT));
+        const int reason = file.error() == QFileDevice::PermissionsError ? EACCES : ENOENT;
+        platform::setError(error, platform::fileError(platform::FileAccess::Read, path, reason));
         return std::nullopt;
     }
     QStringDecoder decoder(QStringDecoder::Utf8);

@@ -5,6 +5,7 @@
 #include "convert/ConversionErrors.h"
 #include "convert/ENMLRewriting.h"
 #include "convert/PageTemplate.h"
+#include "platform/core/LocalizedStrings.h"
 #include "platform/core/UrlString.h"
 #include "platform/files/FileManager.h"
 #include "platform/webview/LoadErrors.h"
@@ -41,7 +42,15 @@ std::optional<QByteArray> WebClip::archiveFromWeb(Error* error)
         platform::setError(error, platform::urlError(platform::UrlErrorUnsupportedUrl));
         return std::nullopt;
     }
-    return archiveOfPage(m_sourceURL, error);
+    std::optional<QByteArray> archive = archiveOfPage(m_sourceURL, error);
+    for (const auto& resource : m_note.resources()) {
+        if (archive && resource->itemType() != EvernoteXMLItemTypeImage) {
+            const QString& name = resource->attributes().filename();
+            m_warnings += platform::localizedString("The page was loaded again; its attachment “%1” was left out.")
+                              .arg(name.isEmpty() ? resource->mime() : name);
+        }
+    }
+    return archive;
 }
 
 std::optional<QByteArray> WebClip::archiveFromNoteElement(const XMLElement& noteElement, Error* error)

@@ -28,7 +28,7 @@ public:
     [[nodiscard]] std::optional<QByteArray> archiveFromNoteElement(const platform::XMLElement& noteElement,
                                                                    platform::Error* error = nullptr);
 
-    // What the person should know of the page that was rebuilt, in their language.
+    // What the person should know of the page that was archived, in their language.
     [[nodiscard]] const QStringList& warnings() const { return m_warnings; }
 
 private:

@@ -25,19 +25,21 @@ constexpr std::array<Kind, 256> makeKinds()
 bool isWholeNumberOfGroups(const QByteArray& text)
 {
     static constexpr std::array<Kind, 256> kinds = makeKinds();
-    qsizetype counted = 0;
-    bool padded = false;
+    qsizetype digits = 0;
+    qsizetype padding = 0;
     for (const char character : text) {
         const Kind kind = kinds[static_cast<unsigned char>(character)];
-        if (kind == Kind::Foreign)
-            continue;
-        if (kind == Kind::Padding)
-            padded = true;
-        else if (padded)
-            return false;
-        ++counted;
+        if (kind == Kind::Padding) {
+            ++padding;
+        } else if (kind == Kind::Digit) {
+            if (padding > 0)
+                return false;
+            ++digits;
+        }
     }
-    return counted % 4 == 0;
+    // One digit alone stands for no byte.
+    const qsizetype last = digits % 4;
+    return last == 0 ? padding == 0 : last > 1 && last + padding == 4;
 }
 
 } // namespace

@@ -52,19 +52,32 @@ void EvernoteXMLParseOperation::main()
                                    localizedString("Cannot create input stream.")));
         return;
     }
-    m_parser = std::make_unique<platform::XMLParser>(*m_inputStream, m_readChunkSize);
+    m_parser = createParser(*m_inputStream);
+    if (!m_parser) {
+        finishWithError(
+            parseError(EvernoteXMLParseOperationErrorNoParser, localizedString("Cannot create parser.")));
+        return;
+    }
     m_parser->setDelegate(this);
-    // A cancel that came before there was a parser.
+    m_abortableParser = m_parser.get();
+    // A cancel that came before there was a parser to stop.
     if (m_abortRequested)
         m_parser->abortParsing();
     if (!m_parser->parse())
         finishWithError(m_parser->parserError());
 }
 
+std::unique_ptr<platform::XMLParser> EvernoteXMLParseOperation::createParser(platform::InputStream& stream)
+{
+    return std::make_unique<platform::XMLParser>(stream, m_readChunkSize);
+}
+
 void EvernoteXMLParseOperation::cancel()
 {
-    // The parse thread looks at this at every event, so the parser is never touched from here.
     m_abortRequested = true;
+    // The parser lives as long as the operation, and may be stopped from any thread.
+    if (platform::XMLParser* const parser = m_abortableParser)
+        parser->abortParsing();
     Operation::cancel();
 }
 
@@ -137,6 +150,9 @@ void EvernoteXMLParseOperation::endNote()
     } catch (const std::exception& exception) {
         record = nullptr;
         error = parseError(EvernoteXMLParseOperationErrorException, QString::fromUtf8(exception.what()));
+    } catch (...) {
+        record = nullptr;
+        error = parseError(EvernoteXMLParseOperationErrorException, localizedString("An unknown error occurred."));
     }
     if (!record)
         writeLogLine(m_logStream.get(), QStringLiteral("Skipping \"%1\"").arg(title));

@@ -81,6 +81,9 @@ public:
 protected:
     void main() override;
 
+    // Null when there can be no parser, which ends the file.
+    [[nodiscard]] virtual std::unique_ptr<platform::XMLParser> createParser(platform::InputStream& stream);
+
 private:
     void parserDidStartElement(platform::XMLParser& parser, const QString& name,
                                const platform::XMLAttributes& attributes) override;
@@ -116,6 +119,8 @@ private:
     std::atomic<bool> m_operationExecuting = false;
     std::atomic<bool> m_operationFinished = false;
     std::atomic<bool> m_abortRequested = false;
+    // m_parser, once it may be stopped from other threads.
+    std::atomic<platform::XMLParser*> m_abortableParser = nullptr;
 
     qsizetype m_readChunkSize = platform::XMLParser::defaultChunkSize;
     std::unique_ptr<platform::InputStream> m_inputStream;

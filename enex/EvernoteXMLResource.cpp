@@ -9,11 +9,31 @@
 #include "platform/files/FileManager.h"
 #include "platform/types/UniformTypes.h"
 
+#include <QCryptographicHash>
+
+#include <array>
+
 #include <openssl/evp.h>
 
 using platform::Error;
 using platform::localizedString;
 using platform::setError;
+
+namespace {
+
+QByteArray md5Digest(const QByteArray& bytes)
+{
+    std::array<unsigned char, EVP_MAX_MD_SIZE> digest;
+    unsigned int size = 0;
+    if (EVP_Digest(bytes.constData(), static_cast<std::size_t>(bytes.size()), digest.data(), &size, EVP_md5(), nullptr)
+        != 1) {
+        // A machine whose policy switches MD5 off for cryptography; here it is only a name.
+        return QCryptographicHash::hash(bytes, QCryptographicHash::Md5);
+    }
+    return {reinterpret_cast<const char*>(digest.data()), static_cast<qsizetype>(size)};
+}
+
+} // namespace
 
 EvernoteXMLResource::EvernoteXMLResource()
     : m_identifier(platform::newUuidString())
@@ -43,12 +63,7 @@ std::optional<QString> EvernoteXMLResource::md5Hash(Error* error)
         const std::optional<QByteArray> content = getContentData(error);
         if (!content)
             return std::nullopt;
-        std::array<unsigned char, EVP_MAX_MD_SIZE> digest;
-        unsigned int size = 0;
-        EVP_Digest(content->constData(), static_cast<std::size_t>(content->size()), digest.data(), &size, EVP_md5(),
-                   nullptr);
-        m_md5Hash = QString::fromLatin1(
-            QByteArray::fromRawData(reinterpret_cast<const char*>(digest.data()), static_cast<qsizetype>(size)).toHex());
+        m_md5Hash = QString::fromLatin1(md5Digest(*content).toHex());
     }
     return m_md5Hash;
 }

@@ -5,12 +5,25 @@
 #include "formats/QLChecklistTextAttachment.h"
 #include "platform/core/SystemLog.h"
 
-#include <exception>
+#include <stdexcept>
 
 using platform::AttributedString;
 using platform::TextRange;
 
 namespace {
+
+// The checklist style, in the table cells that the line stood in: without them the table would break apart at
+// every box.
+std::shared_ptr<const platform::ParagraphStyle>
+checklistStyleWithin(const std::shared_ptr<const platform::ParagraphStyle>& before, const QLNoteChecklistItem& item)
+{
+    const std::shared_ptr<const platform::ParagraphStyle> style = item.checklistParagraphStyle();
+    if (!before || before->textBlocks.empty())
+        return style;
+    auto inCells = std::make_shared<platform::ParagraphStyle>(*style);
+    inCells->textBlocks = before->textBlocks;
+    return inCells;
+}
 
 void restoreItems(AttributedString& text, const QLNoteChecklistItems& items)
 {
@@ -18,11 +31,12 @@ void restoreItems(AttributedString& text, const QLNoteChecklistItems& items)
     for (const auto& item : items) {
         const TextRange target{item->range().location + offset, item->range().length};
         const AttributedString attachment = item->attributedString();
+        const auto styleBefore = target.length > 0 ? text.attributesAt(target.location).paragraphStyle : nullptr;
         text.replaceCharacters(target, attachment);
         offset += attachment.length() - target.length;
         // The attachment is shorter than its box text, so the range may now reach beyond the text's end.
         const TextRange remaining{target.location, std::min(target.length, text.length() - target.location)};
-        text.setParagraphStyle(text.lineRangeFor(remaining), item->checklistParagraphStyle());
+        text.setParagraphStyle(text.lineRangeFor(remaining), checklistStyleWithin(styleBefore, *item));
     }
 }
 
@@ -90,7 +104,7 @@ QLNoteChecklistItems restoreChecklists(AttributedString& text, const QLNoteCheck
     try {
         restoreItems(text, items);
         return items;
-    } catch (const std::exception& exception) {
+    } catch (const std::out_of_range& exception) {
         platform::systemLog(
             QStringLiteral("Caught exception processing checklists: %1").arg(QString::fromUtf8(exception.what())));
     }

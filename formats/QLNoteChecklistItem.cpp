@@ -21,7 +21,7 @@ platform::AttributedString QLNoteChecklistItem::attributedString() const
 {
     const auto attachment = std::make_shared<QLChecklistTextAttachment>();
     attachment->setOn(m_on);
-    return platform::AttributedString::withAttachment(attachment);
+    return QLChecklistTextAttachment::attributedString(attachment);
 }
 
 std::shared_ptr<const platform::ParagraphStyle> QLNoteChecklistItem::checklistParagraphStyle() const

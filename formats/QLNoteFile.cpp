@@ -106,8 +106,8 @@ void QLNoteFile::readRecord(const FileWrapper& package, AttributedString& text)
         return;
     if (!child || m_noteAttributes->fileVersion() < QLNoteAttributes::currentFileVersion)
         m_noteAttributes->setChecklistItems(recoverChecklists(text));
-    m_noteAttributes->setChecklistItems(
-        restoreChecklists(text, m_noteAttributes->checklistItems().value_or(QLNoteChecklistItems())));
+    if (const std::optional<QLNoteChecklistItems> items = m_noteAttributes->checklistItems())
+        m_noteAttributes->setChecklistItems(restoreChecklists(text, *items));
 }
 
 FileWrapper::Pointer QLNoteFile::fileWrapper(Error* error)

@@ -23,7 +23,8 @@ bool BMXLogManager::redirectStandardErrorToFileAtPath(const QString& path)
     std::fflush(stderr);
     if (m_original < 0)
         m_original = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    const bool redirected = dup2(file, STDERR_FILENO) >= 0;
+    // What cannot be given back is not taken: standard error may be closed.
+    const bool redirected = m_original >= 0 && dup2(file, STDERR_FILENO) >= 0;
     close(file);
     return redirected;
 }

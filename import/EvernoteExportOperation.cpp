@@ -4,7 +4,7 @@
 #include "convert/NoteDocument.h"
 #include "foundation/BMXLogManager.h"
 #include "foundation/OutputStreamBMExtensions.h"
-#include "foundation/StringBMExtensions.h"
+#include "foundation/FileNameFitting.h"
 #include "import/EvernoteHTMLExportOperation.h"
 #include "import/EvernoteXMLExportOperation.h"
 #include "import/ExportErrors.h"
@@ -15,7 +15,9 @@
 #include "platform/files/FileManager.h"
 #include "platform/scripting/QuilleryIdentifiers.h"
 
+#include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cmath>
 
 using platform::Error;
@@ -77,7 +79,12 @@ EvernoteExportOperation::EvernoteExportOperation()
     m_debugMode = defaults.boolForKey(QStringLiteral("ExportDebug"));
 }
 
-EvernoteExportOperation::~EvernoteExportOperation() = default;
+EvernoteExportOperation::~EvernoteExportOperation()
+{
+    // A run that was cancelled before it could end has not given it back.
+    if (m_logStream)
+        BMXLogManager::sharedManager().restoreStandardError();
+}
 
 void EvernoteExportOperation::log(const QString& line) { writeLogLine(m_logStream.get(), line); }
 
@@ -162,8 +169,13 @@ void EvernoteExportOperation::openLog(const QString& identifier)
 
 Record EvernoteExportOperation::makeNotebookFolder(const QString& name, QString* folderPath, Error* error)
 {
-    const std::optional<QString> path = platform::pathWithin(m_filesPath, name, error);
+    std::optional<QString> path = platform::pathWithin(m_filesPath, name, error);
     *folderPath = path.value_or(m_filesPath + QLatin1Char('/') + name);
+    if (name.compare(platform::manifest::fileName, Qt::CaseInsensitive) == 0) {
+        // The manifest's own place.
+        platform::setError(error, platform::fileError(platform::FileAccess::Write, *folderPath, EEXIST));
+        path.reset();
+    }
     if (!path || !platform::createDirectory(*path, platform::IntermediateFolders::Require, error))
         return nullptr;
     Record folder = ImportManifest::newFolderRecord(name);
@@ -183,7 +195,7 @@ bool EvernoteExportOperation::prepareToExportNotebook(const Notebook& notebook, 
     const QString name = notebook->name();
     QString folderPath;
     Error failure;
-    const Record folder = makeNotebookFolder(stringSanitizedForFileName(name), &folderPath, &failure);
+    const Record folder = makeNotebookFolder(fileNameFromTitle(name), &folderPath, &failure);
     if (!folder) {
         informDelegateDidEncounterError(directoryError());
         logUnableToCreate(folderPath, failure);

@@ -26,7 +26,7 @@ bool OutputStream::open(Error* error)
     const int modeFlag = m_mode == Mode::Append ? O_APPEND : O_TRUNC;
     system::Descriptor file;
     if (native)
-        file = system::open(*native, O_WRONLY | O_CREAT | O_NOCTTY | modeFlag, system::newFileMode);
+        file = system::open(*native, O_WRONLY | O_CREAT | O_NOCTTY | O_NOFOLLOW | modeFlag, system::newFileMode);
     if (!file.isOpen()) {
         setError(error, fileError(FileAccess::Write, m_path, native ? errno : EINVAL));
         return false;

@@ -74,6 +74,9 @@ bool isLocalScheme(std::string_view scheme)
     return css::equalsFolded(scheme, "file") || css::equalsFolded(scheme, "data");
 }
 
+// UTF-16 code units; what is longer is no name but an image's own bytes.
+constexpr qsizetype longestFileName = 255;
+
 } // namespace
 
 ImageLoader::ImageLoader(const QString& baseDirectory)
@@ -96,10 +99,12 @@ std::shared_ptr<FileWrapper> ImageLoader::load(std::string_view reference) const
     const std::string_view trimmed = css::trimmed(reference);
     // Bare names are tried as they stand first: any character may be in one, a colon as well.
     const QString literal = fromUtf8(reference);
+    if (literal.size() <= longestFileName) {
+        if (auto file = fileNamed(literal))
+            return file;
+    }
     if (css::equalsFolded(schemeOf(trimmed), "data"))
         return dataFrom(trimmed);
-    if (auto file = fileNamed(literal))
-        return file;
     if (trimmed.empty() || isRemote(trimmed))
         return nullptr;
 

@@ -51,10 +51,12 @@ public:
     void waitUntilEmpty()
     {
         std::unique_lock lock(m_mutex);
-        m_emptied.wait(lock, [this] { return m_waiting.empty() && m_running.empty(); });
+        m_emptied.wait(lock, [this] { return isEmpty(); });
     }
 
 private:
+    [[nodiscard]] bool isEmpty() const { return m_waiting.empty() && m_running.empty() && m_releasing == 0; }
+
     void runUntilEmpty()
     {
         while (std::shared_ptr<Operation> operation = takeNext(WhenEmpty::EndThread))
@@ -89,12 +91,14 @@ private:
         {
             const std::lock_guard lock(m_mutex);
             std::erase(m_running, operation);
+            ++m_releasing;
         }
-        // Outside the lock, and before anybody hears that the queue is empty: what an operation holds
-        // may reach back to this queue when it is released.
+        // Outside the lock, because what an operation holds may reach back to this queue when it is released;
+        // and before anybody hears that the queue is empty.
         operation.reset();
         const std::lock_guard lock(m_mutex);
-        if (m_waiting.empty() && m_running.empty())
+        --m_releasing;
+        if (isEmpty())
             m_emptied.notify_all();
     }
 
@@ -103,6 +107,8 @@ private:
     std::condition_variable m_emptied;
     std::deque<std::shared_ptr<Operation>> m_waiting;
     std::vector<std::shared_ptr<Operation>> m_running;
+    // Operations that have finished but are still held.
+    int m_releasing = 0;
     int m_threads = 0;
     int m_limit = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
 };

@@ -4,12 +4,12 @@
 #include "platform/propertylist/BinaryPropertyListReader.h"
 #include "platform/propertylist/BinaryPropertyListWriter.h"
 #include "platform/propertylist/PropertyListError.h"
+#include "platform/propertylist/PropertyListFile.h"
 #include "platform/propertylist/TextPropertyListReader.h"
 #include "platform/propertylist/XmlPropertyListReader.h"
 #include "platform/propertylist/XmlPropertyListWriter.h"
 
 #include <QFile>
-#include <QSaveFile>
 #include <QStringDecoder>
 
 namespace platform {
@@ -37,7 +37,7 @@ std::optional<QByteArray> propertyListData(const QVariant& value, PropertyListFo
 {
     if (format == PropertyListFormat::Binary)
         return BinaryPropertyListWriter().write(value, error);
-    return XmlPropertyListWriter().write(value, error);
+    return XmlPropertyListWriter::data(value, error);
 }
 
 std::optional<QVariant> propertyListFromData(QByteArrayView data, Error* error)
@@ -83,11 +83,9 @@ bool writePropertyList(const QString& path, const QVariant& value, PropertyListF
     const std::optional<QByteArray> data = propertyListData(value, format, error);
     if (!data)
         return false;
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(*data) == data->size() && file.commit())
-        return true;
-    setError(error, propertyListError(PropertyListErrorCode::FileWrite, file.errorString()));
-    return false;
+    PropertyListFile file(path);
+    file.write(*data);
+    return file.commit(error);
 }
 
 } // namespace platform

@@ -4,6 +4,7 @@
 #include "platform/propertylist/PropertyListError.h"
 #include "platform/propertylist/PropertyListValue.h"
 
+#include <QBuffer>
 #include <QDateTime>
 
 #include <cmath>
@@ -13,6 +14,9 @@ namespace platform {
 namespace {
 
 constexpr qsizetype base64LineLength = 76;
+
+// A mistake of the program, which no user will read.
+constexpr const char* outOfOrder = "The elements of a property list came out of order.";
 
 QString realText(double value)
 {
@@ -42,116 +46,198 @@ QString base64Text(const QByteArray& data)
 
 } // namespace
 
-XmlPropertyListWriter::XmlPropertyListWriter()
-    : m_writer(&m_bytes)
+XmlPropertyListWriter::XmlPropertyListWriter(QIODevice& device)
+    : m_writer(&device)
 {
     m_writer.setAutoFormatting(true);
     m_writer.setAutoFormattingIndent(-1);
+    if (!device.isWritable())
+        m_error = propertyListError(PropertyListErrorCode::FileWrite, device.errorString());
 }
 
-std::optional<QByteArray> XmlPropertyListWriter::write(const QVariant& root, Error* error)
+std::optional<QByteArray> XmlPropertyListWriter::data(const QVariant& root, Error* error)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    XmlPropertyListWriter writer(buffer);
+    writer.writeValue(root);
+    return writer.finish(error) ? std::optional(buffer.data()) : std::nullopt;
+}
+
+void XmlPropertyListWriter::beginDictionary() { begin(Container::Dictionary); }
+
+void XmlPropertyListWriter::endDictionary() { end(Container::Dictionary); }
+
+void XmlPropertyListWriter::beginArray() { begin(Container::Array); }
+
+void XmlPropertyListWriter::endArray() { end(Container::Array); }
+
+void XmlPropertyListWriter::begin(Container container)
+{
+    if (!takePlaceForValue())
+        return;
+    if (m_open.size() >= std::size_t(propertyListDepthLimit)) {
+        fail("The property list is nested too deeply.");
+        return;
+    }
+    m_writer.writeStartElement(container == Container::Dictionary ? QStringLiteral("dict")
+                                                                  : QStringLiteral("array"));
+    m_open.push_back(container);
+}
+
+void XmlPropertyListWriter::end(Container container)
+{
+    if (hasFailed())
+        return;
+    if (m_open.empty() || m_open.back() != container || m_hasKey) {
+        fail(outOfOrder);
+        return;
+    }
+    m_writer.writeEndElement();
+    m_open.pop_back();
+}
+
+void XmlPropertyListWriter::writeKey(const QString& key)
+{
+    if (hasFailed())
+        return;
+    if (m_open.empty() || m_open.back() != Container::Dictionary || m_hasKey) {
+        fail(outOfOrder);
+        return;
+    }
+    writeText(QStringLiteral("key"), key);
+    m_hasKey = true;
+}
+
+// A value goes to the root once, into a dictionary after its key, and into an array at any time.
+bool XmlPropertyListWriter::takePlaceForValue()
+{
+    if (hasFailed())
+        return false;
+    const bool isInDictionary = !m_open.empty() && m_open.back() == Container::Dictionary;
+    if (m_hasKey != isInDictionary || (m_open.empty() && m_hasRoot)) {
+        fail(outOfOrder);
+        return false;
+    }
+    if (!m_hasRoot)
+        writeStart();
+    m_hasKey = false;
+    m_hasRoot = true;
+    return true;
+}
+
+void XmlPropertyListWriter::writeStart()
 {
     m_writer.writeStartDocument();
     m_writer.writeDTD(QStringLiteral("<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\""
                                      " \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">"));
     m_writer.writeStartElement(QStringLiteral("plist"));
     m_writer.writeAttribute(QStringLiteral("version"), QStringLiteral("1.0"));
-    if (!writeValue(root) || !writeElements()) {
-        setError(error, m_error);
-        return std::nullopt;
-    }
-    m_writer.writeEndDocument();
-    return m_bytes;
 }
 
-bool XmlPropertyListWriter::writeElements()
+void XmlPropertyListWriter::writeValue(const QVariant& value)
 {
-    while (!m_open.empty()) {
-        Frame& frame = m_open.back();
+    std::vector<Frame> frames;
+    const auto writeOne = [this, &frames](const QVariant& one) {
+        const std::optional<QVariant> canonical = canonicalPropertyListValue(one);
+        if (!canonical) {
+            fail("A value has no place in a property list.");
+        } else if (canonical->typeId() == QMetaType::QVariantList || canonical->typeId() == QMetaType::QVariantMap) {
+            if (std::optional<Frame> frame = openFrame(*canonical))
+                frames.push_back(std::move(*frame));
+        } else if (takePlaceForValue()) {
+            writeScalar(*canonical);
+        }
+    };
+    writeOne(value);
+    while (!frames.empty() && !hasFailed()) {
+        Frame& frame = frames.back();
         if (frame.next == frame.elements.size()) {
-            m_writer.writeEndElement();
-            m_open.pop_back();
+            end(m_open.back());
+            frames.pop_back();
             continue;
         }
         const qsizetype position = frame.next++;
         if (!frame.keys.isEmpty())
-            writeText(QStringLiteral("key"), frame.keys[position]);
+            writeKey(frame.keys[position]);
         const QVariant element = frame.elements[position];
-        if (!writeValue(element))
-            return false;
+        writeOne(element);
     }
-    return true;
 }
 
-bool XmlPropertyListWriter::writeValue(const QVariant& value)
+std::optional<XmlPropertyListWriter::Frame> XmlPropertyListWriter::openFrame(const QVariant& container)
 {
-    const std::optional<QVariant> canonical = canonicalPropertyListValue(value);
-    if (!canonical)
-        return fail("A value has no place in a property list.");
-    const int type = canonical->typeId();
-    if (type == QMetaType::QVariantList || type == QMetaType::QVariantMap)
-        return openContainer(*canonical);
-    return writeScalar(*canonical);
-}
-
-bool XmlPropertyListWriter::openContainer(const QVariant& container)
-{
-    if (m_open.size() >= std::size_t(propertyListDepthLimit))
-        return fail("The property list is nested too deeply.");
     Frame frame;
-    const bool isDictionary = container.typeId() == QMetaType::QVariantMap;
-    if (isDictionary) {
+    if (container.typeId() == QMetaType::QVariantMap) {
         const QVariantMap dictionary = container.toMap();
-        if (!keysStayDistinct(dictionary, TextRepair::ForXml))
-            return fail("Two keys of a dictionary cannot be told apart.");
+        if (!keysStayDistinct(dictionary, TextRepair::ForXml)) {
+            fail("Two keys of a dictionary cannot be told apart.");
+            return std::nullopt;
+        }
         frame.keys = dictionary.keys();
         frame.elements = dictionary.values();
+        beginDictionary();
     } else {
         frame.elements = container.toList();
+        beginArray();
     }
-    m_writer.writeStartElement(isDictionary ? QStringLiteral("dict") : QStringLiteral("array"));
-    m_open.push_back(std::move(frame));
-    return true;
+    return hasFailed() ? std::nullopt : std::optional(frame);
 }
 
-bool XmlPropertyListWriter::writeScalar(const QVariant& value)
+bool XmlPropertyListWriter::hasFailed() const { return m_error || m_writer.hasError(); }
+
+bool XmlPropertyListWriter::finish(Error* error)
+{
+    if (!hasFailed() && (!m_open.empty() || !m_hasRoot))
+        fail(outOfOrder);
+    if (!hasFailed())
+        m_writer.writeEndDocument();
+    if (!hasFailed())
+        return true;
+    setError(error, m_error.value_or(propertyListError(PropertyListErrorCode::FileWrite,
+                                                       m_writer.device()->errorString())));
+    return false;
+}
+
+void XmlPropertyListWriter::writeScalar(const QVariant& value)
 {
     switch (value.typeId()) {
     case QMetaType::QString:
         writeText(QStringLiteral("string"), value.toString());
-        return true;
+        return;
     case QMetaType::QByteArray:
         writeText(QStringLiteral("data"), base64Text(value.toByteArray()));
-        return true;
+        return;
     case QMetaType::Bool:
         m_writer.writeEmptyElement(value.toBool() ? QStringLiteral("true") : QStringLiteral("false"));
-        return true;
+        return;
     case QMetaType::LongLong:
         writeText(QStringLiteral("integer"), QString::number(value.toLongLong()));
-        return true;
+        return;
     case QMetaType::ULongLong:
         writeText(QStringLiteral("integer"), QString::number(value.toULongLong()));
-        return true;
+        return;
     case QMetaType::Float:
     case QMetaType::Double:
         writeText(QStringLiteral("real"), realText(value.toDouble()));
-        return true;
+        return;
     case QMetaType::QDateTime:
-        return writeDate(value.toDateTime());
+        writeDate(value.toDateTime());
+        return;
     default:
         writeUid(value.value<PropertyListUid>().value);
-        return true;
     }
 }
 
-bool XmlPropertyListWriter::writeDate(const QDateTime& date)
+void XmlPropertyListWriter::writeDate(const QDateTime& date)
 {
     const QDateTime utc = date.toUTC();
     const int year = utc.date().year();
-    if (year < 1 || year > 9999)
-        return fail("A date is too far off for an XML property list.");
+    if (year < 1 || year > 9999) {
+        fail("A date is too far off for an XML property list.");
+        return;
+    }
     writeText(QStringLiteral("date"), utc.toString(QStringLiteral("yyyy-MM-dd'T'HH:mm:ss'Z'")));
-    return true;
 }
 
 // XML has no element for references; this dictionary is what readers of archives look for.
@@ -177,10 +263,9 @@ void XmlPropertyListWriter::writeText(const QString& element, const QString& tex
     m_writer.writeEndElement();
 }
 
-bool XmlPropertyListWriter::fail(const char* reason)
+void XmlPropertyListWriter::fail(const char* reason)
 {
     m_error = propertyListError(PropertyListErrorCode::WriteInvalid, reason);
-    return false;
 }
 
 } // namespace platform

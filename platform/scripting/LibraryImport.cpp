@@ -19,10 +19,19 @@ QString textOf(const QVariantMap& record, const QString& key)
     return value.metaType().id() == QMetaType::QString ? value.toString() : QString();
 }
 
-QString displayName(const LibraryManifest::Item& item)
+template <typename Item>
+QString displayName(const Item& item)
 {
     const QString name = textOf(item.record, manifest::nameKey);
     return name.isEmpty() ? stringByDeletingPathExtension(lastPathComponent(item.sourceFile)) : name;
+}
+
+// For what went with its files folder, when another run laid its own files out at the same place.
+Error goneError(const QString& name)
+{
+    const QString text = localizedString(
+        "\u201c%1\u201d is gone: its files were removed before the import was finished.");
+    return quilleryLibraryError(QuilleryLibraryErrorCode::ItemsNotTaken, text.arg(name));
 }
 
 // Copies that were under way when an import was interrupted. Nothing else in a stage is hidden.
@@ -170,9 +179,10 @@ void LibraryImport::setAttributes(const QString& path, const QVariantMap& record
 void LibraryImport::takeItems(const QString& stage, LibraryCatalogue& catalogue)
 {
     std::erase_if(catalogue.items, [&](const LibraryCatalogue::Item& item) {
-        // What a later run has removed with its files folder is nobody's loss.
-        if (!m_ownsFilesFolder && !fileExistsAtPath(stage + QLatin1Char('/') + item.fileName))
+        if (!m_ownsFilesFolder && !fileExistsAtPath(stage + QLatin1Char('/') + item.fileName)) {
+            fail(item.record, goneError(displayName(item)));
             return true;
+        }
         Error error;
         if (m_obstacle || !takeItem(stage, item, &error)) {
             const bool isObstacle

@@ -16,7 +16,8 @@ enum class QuilleryLibraryErrorCode : qint64 {
     UnsupportedOption = 5,  // a destination, rating, label … that a plain folder cannot keep
     LibraryNotWritable = 6, // nothing was touched
     ItemsNotTaken = 7,      // the others were; see QuilleryLibraryFolder::lastFailedItems()
-    UnfinishedImport = 8    // every item is whole; the next import takes in what waits in the library
+    UnfinishedImport = 8,   // every item is whole; the next import takes in what waits in the library
+    IncompleteManifest = 9  // not there, or not to its end
 };
 
 [[nodiscard]] Error quilleryLibraryError(QuilleryLibraryErrorCode code, const QString& text);

@@ -32,12 +32,13 @@ public:
 
     bool open(Error* error) override
     {
-        m_descriptor = ::open(QFile::encodeName(m_path).constData(), O_RDONLY | O_CLOEXEC);
+        // Without waiting: a pipe that nobody writes to would hold the opening up for ever.
+        m_descriptor = ::open(QFile::encodeName(m_path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
         struct stat status = {};
-        if (m_descriptor >= 0 && ::fstat(m_descriptor, &status) == 0 && S_ISDIR(status.st_mode)) {
+        if (m_descriptor >= 0 && ::fstat(m_descriptor, &status) == 0 && !S_ISREG(status.st_mode)) {
             ::close(m_descriptor);
             m_descriptor = -1;
-            errno = EISDIR;
+            errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
         }
         if (m_descriptor < 0) {
             setError(error, failure(localizedString("The file “%1” could not be opened: %2.")));

@@ -16,6 +16,9 @@ namespace {
 // What the library looks at to tell the encodings apart.
 constexpr qsizetype signatureLength = 4;
 
+// Bytes of text that are collected before a piece of it is delivered.
+constexpr qsizetype longestPiece = 64 * 1024;
+
 // UTF-16, UTF-32 and EBCDIC: where a tag does not begin with the byte 3C alone.
 bool isAsciiBased(const char* bytes, qsizetype length)
 {
@@ -213,6 +216,24 @@ void XMLParser::Run::deliver(const Call& call)
         stop();
 }
 
+void XMLParser::Run::collectText(const char* utf8, qsizetype length)
+{
+    m_text.append(utf8, length);
+    if (m_text.size() >= longestPiece)
+        deliverText();
+}
+
+void XMLParser::Run::deliverText()
+{
+    if (m_text.isEmpty())
+        return;
+    deliver([this](XMLParserDelegate& delegate, XMLParser& parser) {
+        delegate.parserFoundCharacters(parser, QUtf8StringView(m_text.constData(), m_text.size()));
+    });
+    // Keeps its memory for the next text.
+    m_text.resize(0);
+}
+
 xmlSAXHandler XMLParser::Run::handlers()
 {
     xmlSAXHandler sax = {};
@@ -223,23 +244,23 @@ xmlSAXHandler XMLParser::Run::handlers()
         of(run).m_context->sax2 = 0;
     };
     sax.startElement = [](void* run, Text name, const xmlChar** attributes) {
+        of(run).deliverText();
         of(run).deliver([&](XMLParserDelegate& delegate, XMLParser& parser) {
             delegate.parserDidStartElement(parser, text(name), XMLAttributes(attributes));
         });
     };
     sax.endElement = [](void* run, Text name) {
+        of(run).deliverText();
         of(run).deliver([&](XMLParserDelegate& delegate, XMLParser& parser) {
             delegate.parserDidEndElement(parser, text(name));
         });
     };
     sax.characters = [](void* run, Text characters, int length) {
-        of(run).deliver([&](XMLParserDelegate& delegate, XMLParser& parser) {
-            delegate.parserFoundCharacters(
-                parser, {reinterpret_cast<const char*>(characters), qsizetype(length)});
-        });
+        of(run).collectText(reinterpret_cast<const char*>(characters), length);
     };
     sax.ignorableWhitespace = sax.characters;
     sax.cdataBlock = [](void* run, Text characters, int length) {
+        of(run).deliverText();
         of(run).deliver([&](XMLParserDelegate& delegate, XMLParser& parser) {
             delegate.parserFoundCData(
                 parser, {reinterpret_cast<const char*>(characters), qsizetype(length)});

@@ -42,6 +42,11 @@ private:
     template <typename Call>
     void deliver(const Call& call);
 
+    // The library hands a text over in pieces that mean nothing: one ends before the first letter beyond
+    // ASCII, at each reference, and where its buffer ends. They are joined until the next event.
+    void collectText(const char* utf8, qsizetype length);
+    void deliverText();
+
     static xmlSAXHandler handlers();
     static Run& of(void* run) { return *static_cast<Run*>(run); }
 
@@ -53,6 +58,7 @@ private:
     std::vector<char> m_chunk;
     qsizetype m_chunkStart = 0;
     qsizetype m_chunkEnd = 0;
+    QByteArray m_text;
     bool m_atEnd = false;
     bool m_stopped = false;
     Error m_failure;

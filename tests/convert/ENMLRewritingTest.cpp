@@ -326,7 +326,32 @@ TEST_F(ENMLRewritingTest, TheOwnTemplateHoldsTitleAndBodyOnce)
     EXPECT_FALSE(page.contains(text("QUILLERY")));
 }
 
-TEST_F(ENMLRewritingTest, AThousandAttachmentsTakeTimeInProportion)
+TEST_F(ENMLRewritingTest, ManyTagsOfOneHashGetFilesOfTheirOwn)
+{
+    const QByteArray hash = addResource("x", "application/pdf", "a.pdf");
+    rewritten("<en-note>" + media(hash).repeated(3000) + "</en-note>");
+    EXPECT_EQ(m_folder.tree().size(), 3000);
+    EXPECT_TRUE(m_folder.tree().contains(text("a 2999.pdf")));
+}
+
+TEST_F(ENMLRewritingTest, NamesThatAreChangedForTheFileSystemStayApart)
+{
+    QByteArray enml;
+    for (const char* bytes : {"one", "two", "three", "four"})
+        enml += media(addResource(bytes, "image/png", "Shot 10:30~.png"));
+    rewritten("<en-note>" + enml + "</en-note>");
+    EXPECT_EQ(m_folder.tree().size(), 4);
+}
+
+TEST_F(ENMLRewritingTest, AMissingTemplateIsAReadError)
+{
+    QDir(m_templates.path()).mkdir(text("Template.html"));
+    platform::Bundle::main().setResourceDirectory(m_templates.path());
+    EXPECT_FALSE(m_item->noteXHTMLStringFromNoteElement(elementFromBody("<en-note/>"), &m_error));
+    EXPECT_EQ(m_error.domain(), text("NSCocoaErrorDomain"));
+}
+
+TEST_F(ENMLRewritingTest, AThousandAttachmentsAreAllWritten)
 {
     QByteArray enml = "<en-note>";
     for (int number = 0; number < 1000; ++number)

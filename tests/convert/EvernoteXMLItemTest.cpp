@@ -175,6 +175,26 @@ TEST_F(EvernoteXMLItemTest, ASingleAttachmentWithoutNameAndTypeIsUntitled)
     EXPECT_EQ(itemType(record), 2);
 }
 
+TEST_F(EvernoteXMLItemTest, ASingleAttachmentOfANoteWithoutATitleIsNotHidden)
+{
+    for (const char* bytes : {"Untitled.pdf", "Untitled 1.pdf", "Untitled 2.pdf"}) {
+        newItem("");
+        setBody("<en-note>" + media(addResource(bytes, "application/pdf", "Scan.pdf")) + "</en-note>");
+        EXPECT_EQ(filename(convert()), text(bytes));
+        EXPECT_EQ(m_folder.read(text(bytes)), bytes);
+    }
+}
+
+TEST_F(EvernoteXMLItemTest, SingleAttachmentsWhoseTitleIsChangedForTheFileAreAllKept)
+{
+    for (int number = 0; number < 4; ++number) {
+        newItem("Meeting 10:30 ~");
+        setBody("<en-note>" + media(addResource(QByteArray::number(number), "application/pdf", "a.pdf")) + "</en-note>");
+        ASSERT_TRUE(convert());
+    }
+    EXPECT_EQ(m_folder.tree().size(), 4);
+}
+
 TEST_F(EvernoteXMLItemTest, ASingleAttachmentsNameWithoutAnExtensionStands)
 {
     makeSingleAttachment("application/pdf", "README");
@@ -257,7 +277,8 @@ TEST_F(EvernoteXMLItemTest, TitlesOfEveryKindGiveASafeNameAndKeepTheNote)
     const QStringList titles{text("a/b/c"), text(".."), text("."), text(".hidden"), text("tab\there"), text("bell\u0085x"),
                              text("\u202Eright to left"), text("\U0001F600 emoji"), QString(5000, u'x'),
                              QString(100, QChar(0x65E5)), text("~home"), text("colon: x"), text("con.qlnote"),
-                             text("Sentence one. ") + text("words ").repeated(900)};
+                             text("Sentence one. ") + text("words ").repeated(900),
+                             text("https://example.com/") + QString(300, u'x'), text("Report.") + QString(5000, u'x')};
     for (const QString& title : titles) {
         newItem();
         m_item->setTitle(title);
@@ -268,6 +289,19 @@ TEST_F(EvernoteXMLItemTest, TitlesOfEveryKindGiveASafeNameAndKeepTheNote)
         EXPECT_EQ(QFileInfo(record->value(manifest::absoluteFilenameKey).toString()).path(), m_folder.path());
         EXPECT_EQ(noteText(record), text("Hello\n"));
     }
+}
+
+TEST_F(EvernoteXMLItemTest, NotesOfTheSameLongTitleAreAllKept)
+{
+    for (int number = 0; number < 4; ++number) {
+        newItem();
+        m_item->setTitle(QString(300, u'a'));
+        setBody("<en-note>number " + QByteArray::number(number) + "</en-note>");
+        const Record record = convert();
+        ASSERT_TRUE(record);
+        EXPECT_EQ(noteText(record), text("number %1\n").arg(number));
+    }
+    EXPECT_EQ(m_folder.tree().filter(text("TXT.rtf")).size(), 4);
 }
 
 TEST_F(EvernoteXMLItemTest, ABodyWithAnotherRootIsPutIntoANote)

@@ -4,6 +4,7 @@
 #include "convert/ConversionFixture.h"
 #include "formats/QLChecklistTextAttachment.h"
 #include "formats/QLNoteFile.h"
+#include "platform/propertylist/PropertyList.h"
 
 namespace {
 
@@ -157,6 +158,88 @@ TEST_F(NoteDocumentTest, CheckboxesAtLineStartsBecomeLive)
     ASSERT_TRUE(box);
     EXPECT_TRUE(box->isOn());
     EXPECT_TRUE(note->noteText().string().contains(text("text \u2610 not at the start")));
+}
+
+TEST_F(NoteDocumentTest, ACheckboxInACellStaysInItsCell)
+{
+    const AttributedString string = textFor("<en-note><table><tr><td>one</td><td><en-todo checked=\"true\"/>two</td></tr>"
+                                            "<tr><td>three</td><td>four</td></tr></table></en-note>");
+    const qsizetype two = string.string().indexOf(text("two"));
+    ASSERT_GT(two, 0);
+    EXPECT_TRUE(std::dynamic_pointer_cast<QLChecklistTextAttachment>(string.attributesAt(two - 1).attachment));
+    for (const char* word : {"one", "two", "three", "four"}) {
+        ASSERT_FALSE(attributesOf(string, word).paragraphStyle->textBlocks.empty()) << word;
+        EXPECT_EQ(attributesOf(string, word).paragraphStyle->textBlocks.back()->table,
+                  attributesOf(string, "one").paragraphStyle->textBlocks.back()->table) << word;
+    }
+    EXPECT_EQ(string.attributesAt(two - 1).paragraphStyle->textBlocks.back()->column, 1);
+}
+
+TEST_F(NoteDocumentTest, AnAttachmentThatTheNoteDoesNotShowIsWarnedOf)
+{
+    const QByteArray pdf = addResource("pdf", "application/pdf", "hidden.pdf");
+    const QByteArray image = addResource("image", "image/png", "shown.png");
+    textFor("<en-note><div style=\"display:none\">" + media(pdf) + "</div><div>x" + media(image) + "</div></en-note>");
+    ASSERT_EQ(m_item->warnings().size(), 1);
+    EXPECT_TRUE(m_item->warnings()[0].contains(text("hidden.pdf")));
+}
+
+TEST_F(NoteDocumentTest, NamesThatLookLikeMarkupOrAddressesKeepTheirFiles)
+{
+    for (const char* name : {"a\rb.pdf", "data:a.png", "data:x,y.png", "http://x.png", "Shot 10:30:0.png"}) {
+        newItem("Odd names");
+        const bool isPath = QByteArray(name).contains('/');
+        const QByteArray hash = addResource(name, QByteArray(name).endsWith("png") ? "image/png" : "application/pdf", name);
+        const AttributedString string = textFor("<en-note><div>t" + media(hash) + "</div></en-note>");
+        if (isPath) {
+            EXPECT_FALSE(m_error.isNull()) << name;
+            continue;
+        }
+        ASSERT_EQ(string.string(), text("t\uFFFC\n")) << name;
+        EXPECT_EQ(string.attributesAt(1).attachment->fileWrapper()->contents(), QByteArray(name));
+    }
+}
+
+TEST_F(NoteDocumentTest, AFractionalFontSizeIsTruncated)
+{
+    platform::UserDefaults::standard().setOverride(text("DefaultNoteFontName"), text("Georgia"));
+    platform::UserDefaults::standard().setOverride(text("DefaultNoteFontSize"), 15.7);
+    EXPECT_EQ(textFor("<en-note><div>one</div></en-note>").attributesAt(0).font->size, 15);
+}
+
+TEST_F(NoteDocumentTest, WithoutAFontSettingTheBodyFontIsTheStandardFontAtTwelvePoints)
+{
+    EXPECT_EQ(NoteDocument::bodyFont(), platform::Font::userFont(12));
+}
+
+TEST_F(NoteDocumentTest, QuillerysOwnSettingsChooseTheFont)
+{
+    const QString directory = qEnvironmentVariable("XDG_CONFIG_HOME");
+    QDir().mkpath(directory);
+    const QString path = directory + text("/com.brightmoor.Quillery3.plist");
+    ASSERT_TRUE(platform::writePropertyList(path, QVariantMap{{text("DefaultNoteFontName"), text("Verdana")},
+                                                              {text("DefaultNoteFontSize"), 18}},
+                                            platform::PropertyListFormat::Binary));
+    EXPECT_EQ(NoteDocument::bodyFont().family, text("Verdana"));
+    EXPECT_EQ(NoteDocument::bodyFont().size, 18);
+    ASSERT_TRUE(QFile::remove(path));
+}
+
+TEST_F(NoteDocumentTest, APageThatCannotBeWrittenFailsTheNote)
+{
+    m_item->setIntermediateHTMLDirectoryURL(QUrl::fromLocalFile(m_folder.filePath("gone")));
+    EXPECT_FALSE(m_item->createNoteForElement(elementFromBody("<en-note>x</en-note>"), &m_error));
+    EXPECT_EQ(m_error.domain(), text("NSCocoaErrorDomain"));
+}
+
+TEST_F(NoteDocumentTest, ANoteFileThatCannotBeWrittenFailsTheNoteWithTheWriteError)
+{
+    // Outside an imported folder notes go to "Notes", which is not there.
+    m_group = manifest::makeRecord();
+    setBody("<en-note>x</en-note>");
+    EXPECT_FALSE(convert());
+    EXPECT_EQ(m_error.domain(), text("NSCocoaErrorDomain"));
+    EXPECT_TRUE(m_folder.tree().isEmpty());
 }
 
 TEST_F(NoteDocumentTest, RichTextArrives)

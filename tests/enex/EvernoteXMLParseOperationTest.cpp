@@ -221,11 +221,18 @@ TEST_P(EvernoteXMLParseOperationTest, WhiteSpaceBetweenTagsIsATagOfItsOwn)
     EXPECT_THAT(m_seen[0].tags, ElementsAre(text("a"), QString(), text("b")));
 }
 
+TEST_P(EvernoteXMLParseOperationTest, ATagIsOneEntryWhateverItsLetters)
+{
+    runNotes("<note><tag>R&amp;D</tag><tag>Stra\u00dfe</tag><tag>\u65e5\u672c &#33;</tag></note>");
+    ASSERT_EQ(m_seen.size(), 1u);
+    EXPECT_THAT(m_seen[0].tags, ElementsAre(text("R&D"), text("Stra\u00dfe"), text("\u65e5\u672c !")));
+}
+
 TEST_P(EvernoteXMLParseOperationTest, EachChunkOfATagIsAnEntry)
 {
-    runNotes("<note><tag>R&amp;D</tag></note>");
+    runNotes("<note><tag>one<x/>not read</tag><tag>a<![CDATA[dropped]]>b</tag></note>");
     ASSERT_EQ(m_seen.size(), 1u);
-    EXPECT_THAT(m_seen[0].tags, ElementsAre(text("R"), text("&"), text("D")));
+    EXPECT_THAT(m_seen[0].tags, ElementsAre(text("one"), text("a"), text("b")));
 }
 
 TEST_P(EvernoteXMLParseOperationTest, ADateOutsideThePatternLeavesNone)
@@ -401,6 +408,20 @@ TEST_P(EvernoteXMLParseOperationTest, AUrlThatIsNoFileCannotBecomeAStream)
     EXPECT_EQ(m_completions[0]->domain(), text("EvernoteXMLParseOperationErrorDomain"));
     EXPECT_EQ(m_completions[0]->code(), 1001);
     EXPECT_EQ(m_completions[0]->localizedDescription(), text("Cannot create input stream."));
+}
+
+TEST_P(EvernoteXMLParseOperationTest, WithoutAParserTheFileEndsWithAnError)
+{
+    class WithoutParser : public EvernoteXMLParseOperation {
+        std::unique_ptr<platform::XMLParser> createParser(platform::InputStream&) override { return nullptr; }
+    };
+    WithoutParser operation;
+    std::vector<std::optional<Error>> completions;
+    operation.setParseOperationCompletionBlock([&](const std::optional<Error>& error) { completions.push_back(error); });
+    operation.start();
+    // A new operation names no file, so there is no stream either.
+    ASSERT_EQ(completions.size(), 1u);
+    EXPECT_EQ(completions[0]->code(), 1001);
 }
 
 TEST_P(EvernoteXMLParseOperationTest, AMissingFileEndsWithTheReadersErrorThatNamesIt)

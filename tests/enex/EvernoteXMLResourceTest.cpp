@@ -77,7 +77,7 @@ TEST_F(EvernoteXMLResourceTest, EmptyDataIsNoContentForEveryOperation)
 
 TEST_F(EvernoteXMLResourceTest, RefusesWhatIsNotBase64)
 {
-    for (const char* broken : {"QUJ", "Q", "QQ==QQ==", "QUI=Q", "QUJD="}) {
+    for (const char* broken : {"QUJ", "Q", "QQ==QQ==", "QUI=Q", "QUJD=", "Q===", "====", "=", "QQ======", "QUJDQ"}) {
         EvernoteXMLResource resource;
         resource.appendBase64Data(broken);
         EXPECT_FALSE(resource.getContentData(&m_error)) << broken;

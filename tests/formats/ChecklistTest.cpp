@@ -165,6 +165,24 @@ TEST(ChecklistTest, AnyTextComesBackFromTheRoundTrip)
     }
 }
 
+TEST(QLNoteChecklistItemTest, ItsAttachmentHasTheChecklistStyle)
+{
+    const QLNoteChecklistItem item(true, {});
+    const AttributedString string = item.attributedString();
+    EXPECT_EQ(*string.attributesAt(0).paragraphStyle, *item.checklistParagraphStyle());
+}
+
+TEST(QLNoteChecklistItemTest, ComesBackFromItsArchive)
+{
+    const auto item = std::make_shared<QLNoteChecklistItem>(true, TextRange{17, 3});
+    const auto data = platform::KeyedArchiver::archivedDataWithRootObject(item);
+    const auto read = platform::KeyedUnarchiver::unarchiveObjectWithData(
+        *data, {{QLNoteChecklistItem::archivedClassName, &QLNoteChecklistItem::initWithCoder}});
+    ASSERT_TRUE(read.objectAs<QLNoteChecklistItem>());
+    EXPECT_TRUE(read.objectAs<QLNoteChecklistItem>()->isOn());
+    EXPECT_EQ(read.objectAs<QLNoteChecklistItem>()->range(), (TextRange{17, 3}));
+}
+
 TEST(QLNoteChecklistItemTest, StartsEmptyAndOff)
 {
     const QLNoteChecklistItem item;

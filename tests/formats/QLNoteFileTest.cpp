@@ -205,6 +205,15 @@ TEST_F(QLNoteFileTest, TheSystemFontIsReadAsTheUsersFontInItsSizeAndTraits)
     EXPECT_EQ(string.attributesAt(6).font->family, text("Georgia"));
 }
 
+TEST_F(QLNoteFileTest, ReadingReplacesTheSystemFont)
+{
+    TextAttributes system;
+    system.font = Font::systemFont(17);
+    write(AttributedString(text("system"), system));
+    EXPECT_EQ(read()->noteText().attributesAt(0).font->family, Font::userFont(14).family);
+    EXPECT_EQ(read()->noteText().attributesAt(0).font->size, 17);
+}
+
 TEST_F(QLNoteFileTest, ANewFileHidesItsExtension)
 {
     write(AttributedString(text("a")));

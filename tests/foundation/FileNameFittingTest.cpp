@@ -49,4 +49,36 @@ TEST(FileNameFittingTest, AFreeNameFitsWithItsNumberToo)
     EXPECT_EQ(folder.tree().size(), 12);
 }
 
+TEST(FileNameFittingTest, ANameOfFullLengthThatIsTakenGetsAFreeOneToo)
+{
+    const test::ScratchFolder folder;
+    const QUrl url = QUrl::fromLocalFile(folder.path());
+    for (const QString& name : {QString(255, u'a'), QString(248, u'b') + text(".qlnote")}) {
+        for (int count = 0; count < 12; ++count) {
+            const QString free = freeFileNameInDirectoryAtURL(name, url);
+            EXPECT_FALSE(QFileInfo::exists(folder.filePath(free)));
+            static_cast<void>(folder.write(free, "x"));
+        }
+    }
+    EXPECT_EQ(folder.tree().size(), 24);
+}
+
+TEST(FileNameFittingTest, ANumberBehindALineBreakIsNotLost)
+{
+    const test::ScratchFolder folder;
+    const QUrl url = QUrl::fromLocalFile(folder.path());
+    for (int count = 0; count < 4; ++count) {
+        const QString free = freeFileNameInDirectoryAtURL(text("*\n   "), url);
+        EXPECT_FALSE(QFileInfo::exists(folder.filePath(free))) << testing::PrintToString(free);
+        static_cast<void>(folder.write(free, "x"));
+    }
+    EXPECT_EQ(folder.tree().size(), 4);
+}
+
+TEST(FileNameFittingTest, ATitleWhoseExtensionIsNoneIsCut)
+{
+    EXPECT_EQ(fileNameFromTitle(text("Report.") + QString(5000, u'x')).size(), 254);
+    EXPECT_EQ(fileNameFromTitle(text("a/b.txt")), text("a-b.txt"));
+}
+
 } // namespace

@@ -20,6 +20,8 @@ public:
         unsetenv("TMPDIR");
         setenv("LC_ALL", "en_US.UTF-8", 1);
         setenv("TZ", "UTC", 1);
+        // Where the real exports and samples are, unless who runs the tests keeps them elsewhere.
+        setenv("VUPUGE_SHARED_DIRECTORY", VUPUGE_SHARED_DIRECTORY, 0);
     }
 
 private:
