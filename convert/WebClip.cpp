@@ -46,14 +46,16 @@ std::optional<QByteArray> WebClip::archiveFromWeb(Error* error)
     for (const auto& resource : m_note.resources()) {
         if (archive && resource->itemType() != EvernoteXMLItemTypeImage) {
             const QString& name = resource->attributes().filename();
-            m_warnings += platform::localizedString("The page was loaded again; its attachment “%1” was left out.")
+            m_warnings += platform::localizedString(
+                              "The page was loaded again; its attachment “%1” was left out.")
                               .arg(name.isEmpty() ? resource->mime() : name);
         }
     }
     return archive;
 }
 
-std::optional<QByteArray> WebClip::archiveFromNoteElement(const XMLElement& noteElement, Error* error)
+std::optional<QByteArray> WebClip::archiveFromNoteElement(const XMLElement& noteElement,
+                                                          Error* error)
 {
     const std::optional<QUrl> page = rebuiltPage(noteElement, error);
     return page ? archiveOfPage(*page, error) : std::nullopt;
@@ -69,11 +71,13 @@ std::optional<QUrl> WebClip::rebuiltPage(const XMLElement& noteElement, Error* e
     if (!page)
         return std::nullopt;
     if (page->contains(attachmentmarker::head)) {
-        platform::setError(error, Error(evernoteXMLItemErrorDomain, EvernoteXMLItemErrorNoWebArchive));
+        platform::setError(error,
+                           Error(evernoteXMLItemErrorDomain, EvernoteXMLItemErrorNoWebArchive));
         return std::nullopt;
     }
     m_warnings = rewriting.warnings();
-    const QString path = m_folder.toLocalFile() + QLatin1Char('/') + m_note.identifier() + QStringLiteral(".html");
+    const QString path =
+        m_folder.toLocalFile() + QLatin1Char('/') + m_note.identifier() + QStringLiteral(".html");
     if (!platform::writeFile(path, page->toUtf8(), platform::WriteOption::Plain, error))
         return std::nullopt;
     return QUrl::fromLocalFile(path);

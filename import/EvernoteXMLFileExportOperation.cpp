@@ -120,7 +120,7 @@ void EvernoteXMLFileExportOperation::didExportItem(const EvernoteXMLNote* note, 
                 .arg(record->value(manifest::nameKey).toString(), record->value(manifest::identifierKey).toString()));
         if (debugMode())
             log(recordDescription(record));
-        m_notebookItemDicts += record;
+        m_notebookItemDicts.append(record);
         ++m_report.items;
     } else {
         log(QStringLiteral("Error exporting item: ") + (error ? error->description() : QStringLiteral("(null)")));

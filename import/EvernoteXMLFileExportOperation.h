@@ -2,10 +2,10 @@
 #pragma once
 
 #include "import/EvernoteExportOperation.h"
+#include "import/ItemRecordList.h"
 #include "platform/operations/OperationQueue.h"
 #include "platform/xml/XMLParser.h"
 
-#include <QList>
 #include <QUrl>
 
 #include <memory>
@@ -30,7 +30,7 @@ public:
     // Runs the converting parse.
     [[nodiscard]] platform::OperationQueue& parserQueue() { return m_parserQueue; }
     // The item records, in the order in which the parse reported them.
-    [[nodiscard]] const QList<platform::manifest::Record>& notebookItemDicts() const { return m_notebookItemDicts; }
+    [[nodiscard]] const ItemRecordList& notebookItemDicts() const { return m_notebookItemDicts; }
     // As the counting pass found.
     [[nodiscard]] quint64 noteCount() const { return m_noteCount; }
 
@@ -53,7 +53,7 @@ private:
 
     QUrl m_exportFileURL;
     platform::OperationQueue m_parserQueue;
-    QList<platform::manifest::Record> m_notebookItemDicts;
+    ItemRecordList m_notebookItemDicts;
     std::unique_ptr<platform::XMLParser> m_xmlParser;
     quint64 m_noteCount = 0;
     bool m_countingFailed = false;

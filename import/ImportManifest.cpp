@@ -4,7 +4,9 @@
 #include "platform/core/DateFormatter.h"
 #include "platform/core/LocalizedStrings.h"
 #include "platform/core/Uuid.h"
-#include "platform/propertylist/PropertyList.h"
+#include "platform/propertylist/XmlPropertyListStream.h"
+
+#include <algorithm>
 
 namespace manifest = platform::manifest;
 using manifest::Record;
@@ -45,30 +47,80 @@ void ImportManifest::addFolder(const Record& folder)
     m_folders.insert(folder->value(manifest::identifierKey).toString(), folder);
 }
 
-void ImportManifest::addItems(const QList<Record>& items, const Record& folder)
+void ImportManifest::addItems(const ItemRecordList& items, const Record& folder)
 {
     QStringList identifiers;
-    for (const Record& item : items)
-        identifiers += item->value(manifest::identifierKey).toString();
+    for (qsizetype position = 0; position < items.size(); ++position)
+        identifiers += items.at(position)->value(manifest::identifierKey).toString();
     folder->insert(manifest::itemsKey, identifiers);
-    for (const Record& item : items) {
-        const auto copy = std::make_shared<QVariantMap>(*item);
-        copy->insert(manifest::folderKey, folder->value(manifest::identifierKey));
-        m_items.insert(copy->value(manifest::identifierKey).toString(), copy);
+    m_items.push_back({items, identifiers, folder->value(manifest::identifierKey)});
+}
+
+const QString& ImportManifest::identifierAt(const Place& place) const
+{
+    return m_items[place.folder].identifiers[place.record];
+}
+
+QVariantMap ImportManifest::itemAt(const Place& place) const
+{
+    QVariantMap item = *m_items[place.folder].records.at(place.record);
+    item.insert(manifest::folderKey, m_items[place.folder].folderIdentifier);
+    return item;
+}
+
+std::vector<ImportManifest::Place> ImportManifest::itemPlaces() const
+{
+    std::vector<Place> places;
+    for (std::size_t folder = 0; folder < m_items.size(); ++folder) {
+        for (qsizetype record = 0; record < m_items[folder].records.size(); ++record)
+            places.push_back({folder, record});
     }
+    std::stable_sort(places.begin(), places.end(), [this](const Place& left, const Place& right) {
+        return identifierAt(left) < identifierAt(right);
+    });
+    // Reversed, the last of equal ones is the first, which stays.
+    const auto firstKept = std::unique(places.rbegin(), places.rend(), [this](const Place& left, const Place& right) {
+        return identifierAt(left) == identifierAt(right);
+    });
+    places.erase(places.begin(), firstKept.base());
+    return places;
 }
 
 QVariantMap ImportManifest::propertyList() const
 {
+    QVariantMap items;
+    for (const Place& place : itemPlaces())
+        items.insert(identifierAt(place), itemAt(place));
     return {{manifest::exporterVersionKey, manifest::exporterVersion},
             {manifest::removeFileOnCompletionKey, m_filesPath},
-            {manifest::entitiesKey, QVariantMap{{manifest::folderEntity, valuesOf(m_folders)},
-                                                {manifest::itemEntity, valuesOf(m_items)}}}};
+            {manifest::entitiesKey,
+             QVariantMap{{manifest::folderEntity, valuesOf(m_folders)}, {manifest::itemEntity, items}}}};
 }
 
 QString ImportManifest::path() const { return m_filesPath + QLatin1Char('/') + manifest::fileName; }
 
 bool ImportManifest::write(platform::Error* error) const
 {
-    return platform::writePropertyList(path(), propertyList(), platform::PropertyListFormat::Xml, error);
+    platform::XmlPropertyListStream list(path());
+    list.beginDictionary();
+    list.writeKey(manifest::entitiesKey);
+    list.beginDictionary();
+    list.writeKey(manifest::folderEntity);
+    list.writeValue(valuesOf(m_folders));
+    list.writeKey(manifest::itemEntity);
+    list.beginDictionary();
+    for (const Place& place : itemPlaces()) {
+        if (list.hasFailed())
+            break;
+        list.writeKey(identifierAt(place));
+        list.writeValue(itemAt(place));
+    }
+    list.endDictionary();
+    list.endDictionary();
+    list.writeKey(manifest::exporterVersionKey);
+    list.writeValue(manifest::exporterVersion);
+    list.writeKey(manifest::removeFileOnCompletionKey);
+    list.writeValue(m_filesPath);
+    list.endDictionary();
+    return list.commit(error);
 }

@@ -3,4 +3,9 @@
 
 #include <QDir>
 
-void registerResources() { Q_INIT_RESOURCE(bundle); }
+void registerResources()
+{
+    Q_INIT_RESOURCE(bundle);
+    Q_INIT_RESOURCE(icons);
+    Q_INIT_RESOURCE(translations);
+}

@@ -5,10 +5,13 @@
 #include "tools/ProgressDisplay.h"
 #include "tools/RunOutcome.h"
 
-#include <memory>
+#include <QTimer>
 
-// One file's run from the main thread: queues it, runs the event loop until nothing of it is left, and says how
-// it ended.
+#include <memory>
+#include <optional>
+
+// One file's run from the main thread: queues it, runs the event loop until nothing of it is left, and says
+// how it ended.
 class FileRun : private EvernoteExportOperationDelegate {
 public:
     FileRun(const QString& file, const std::shared_ptr<platform::ScriptingBridge>& bridge,
@@ -16,7 +19,8 @@ public:
 
     [[nodiscard]] RunOutcome run();
 
-    // Asks the run to stop, in the event loop.
+    // Asks the run to stop, in the event loop: again and again until it is over, because the conversion may
+    // only be queued in between.
     void cancel();
 
 private:
@@ -35,4 +39,7 @@ private:
     platform::OperationQueue m_queue;
     ProgressDisplay& m_progress;
     RunOutcome m_outcome;
+    // How the run said that it ended, if it did: a cancelled one may end without a word.
+    std::optional<RunOutcome::End> m_reportedEnd;
+    QTimer m_cancelTimer;
 };

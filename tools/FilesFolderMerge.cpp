@@ -27,7 +27,8 @@ QVariantMap recordsOf(const QVariantMap& list, const QString& entity)
 }
 
 // Adds the records of one folder, moved from one place to the other.
-void takeItems(const QVariantMap& items, const QString& folderIdentifier, const QString& movedTo, QVariantMap& target)
+void takeItems(const QVariantMap& items, const QString& folderIdentifier, const QString& movedTo,
+               QVariantMap& target)
 {
     for (auto entry = items.cbegin(); entry != items.cend(); ++entry) {
         QVariantMap item = entry.value().toMap();
@@ -43,7 +44,8 @@ void takeItems(const QVariantMap& items, const QString& folderIdentifier, const 
 
 bool mergeFilesFolder(const QString& from, const QString& into, Error* error)
 {
-    if (!platform::fileExistsAtPath(into) && !platform::createDirectory(into, platform::IntermediateFolders::Create, error))
+    if (!platform::fileExistsAtPath(into)
+        && !platform::createDirectory(into, platform::IntermediateFolders::Create, error))
         return false;
     const std::optional<QVariantMap> source = readManifest(from, error);
     if (!source)
@@ -72,6 +74,5 @@ bool mergeFilesFolder(const QString& from, const QString& into, Error* error)
     merged.insert(manifest::removeFileOnCompletionKey, into);
     merged.insert(manifest::entitiesKey,
                   QVariantMap{{manifest::folderEntity, folders}, {manifest::itemEntity, items}});
-    return platform::writePropertyList(targetManifest, merged, platform::PropertyListFormat::Xml, error)
-           && platform::removeItem(from, error);
+    return platform::writePropertyList(targetManifest, merged, platform::PropertyListFormat::Xml, error);
 }

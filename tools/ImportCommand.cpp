@@ -4,32 +4,12 @@
 #include "platform/defaults/UserDefaults.h"
 #include "platform/files/FileManager.h"
 #include "tools/FileRun.h"
+#include "tools/InputFiles.h"
 #include "tools/InterruptWatcher.h"
+#include "tools/OutcomePrinting.h"
 #include "tools/ReportDocument.h"
-
-#include <cstdio>
-
-namespace {
-
-void print(const QString& line)
-{
-    std::fputs((line + QLatin1Char('\n')).toUtf8().constData(), stdout);
-    std::fflush(stdout);
-}
-
-void printProblem(const QString& text)
-{
-    std::fputs(QStringLiteral("vupuge-import: %1\n").arg(text).toUtf8().constData(), stderr);
-}
-
-QString notesText(quint64 count) { return count == 1 ? QStringLiteral("1 note") : QStringLiteral("%1 notes").arg(count); }
-
-QString errorText(const RunOutcome& outcome)
-{
-    return outcome.error ? outcome.error->localizedDescription() : QStringLiteral("An unknown error occurred.");
-}
-
-} // namespace
+#include "tools/TerminalText.h"
+#include "tools/TotalCounts.h"
 
 ImportCommand::ImportCommand(ImportOptions options)
     : m_options(std::move(options))
@@ -40,79 +20,82 @@ ExitStatus ImportCommand::execute()
 {
     for (const auto& [key, value] : m_options.settings)
         platform::UserDefaults::standard().setOverride(key, value);
+    // To the very end: an interrupt that comes when all is done must not make it look undone.
+    const InterruptWatcher watcher([this] { interrupt(); });
     const std::unique_ptr<ImportDestination> destination = ImportDestination::forOptions(m_options);
-    QString problem;
-    switch (destination->prepare(m_options, &problem)) {
-    case ImportDestination::Readiness::Ready:
-        break;
-    case ImportDestination::Readiness::WrongUsage:
-        printProblem(problem);
-        return ExitStatus::WrongUsage;
-    case ImportDestination::Readiness::Failure:
-        printProblem(problem);
-        return ExitStatus::RunFailed;
-    }
+    checkFiles();
+    if (const ExitStatus readiness = prepare(*destination); readiness != ExitStatus::Success)
+        return readiness;
     runFiles(*destination);
     const bool reportWritten = writeReport();
-    printSummary();
+    printLine(totalCounts(m_outcomes).sentence());
     return reportWritten ? status() : ExitStatus::RunFailed;
+}
+
+void ImportCommand::interrupt()
+{
+    m_interrupted = true;
+    if (m_currentRun)
+        m_currentRun->cancel();
+}
+
+void ImportCommand::checkFiles()
+{
+    for (const QString& file : std::as_const(m_options.files)) {
+        platform::Error error;
+        if (!isReadableFile(file, &error))
+            m_unreadable.insert(file, error);
+    }
+}
+
+ExitStatus ImportCommand::prepare(ImportDestination& destination)
+{
+    QStringList readable = m_options.files;
+    readable.removeIf([this](const QString& file) { return m_unreadable.contains(file); });
+    // With nothing to put there the destination stays as it is.
+    if (readable.isEmpty())
+        return ExitStatus::Success;
+    QString problem;
+    const ImportDestination::Readiness readiness = destination.prepare(readable, &problem);
+    if (readiness == ImportDestination::Readiness::Ready) {
+        m_earlierImport = destination.earlierImport();
+        printEarlierImport(m_earlierImport);
+        return ExitStatus::Success;
+    }
+    printProblem(problem);
+    return readiness == ImportDestination::Readiness::WrongUsage ? ExitStatus::WrongUsage
+                                                                 : ExitStatus::RunFailed;
 }
 
 void ImportCommand::runFiles(ImportDestination& destination)
 {
     ProgressDisplay progress(ProgressDisplay::styleForStandardOutput());
-    FileRun* current = nullptr;
-    const InterruptWatcher watcher([this, &current] {
-        m_interrupted = true;
-        if (current)
-            current->cancel();
-    });
-    for (const QString& file : m_options.files) {
-        FileRun run(file, destination.bridge(), destination.directories(), progress);
-        current = &run;
-        RunOutcome outcome = run.run();
-        current = nullptr;
-        const QStringList places = destination.finishRun(outcome);
-        printOutcome(outcome, places);
-        m_outcomes.push_back(std::move(outcome));
-        if (m_interrupted)
-            break;
+    for (const QString& file : std::as_const(m_options.files)) {
+        QStringList places;
+        m_outcomes.push_back(runFile(file, destination, progress, places));
+        printOutcome(m_outcomes.back(), places);
     }
 }
 
-void ImportCommand::printOutcome(const RunOutcome& outcome, const QStringList& places) const
+RunOutcome ImportCommand::runFile(const QString& file, ImportDestination& destination,
+                                  ProgressDisplay& progress, QStringList& places)
 {
-    for (const ImportReport::Warning& warning : outcome.report.warnings)
-        print(QStringLiteral("  Note \"%1\": %2").arg(warning.title, warning.text));
-    for (const ImportReport::SkippedNote& skipped : outcome.report.skipped)
-        print(QStringLiteral("  Skipped \"%1\": %2").arg(skipped.title, reasonOf(skipped)));
-    switch (outcome.end) {
-    case RunOutcome::End::Imported:
-        for (const QString& place : places)
-            print(QStringLiteral("  In %1").arg(place));
-        break;
-    case RunOutcome::End::Cancelled:
-        printProblem(QStringLiteral("%1: cancelled, nothing was imported.").arg(outcome.file));
-        break;
-    case RunOutcome::End::Failed:
-        printProblem(QStringLiteral("%1: %2").arg(outcome.file, errorText(outcome)));
-        break;
+    RunOutcome outcome;
+    outcome.file = file;
+    if (m_unreadable.contains(file)) {
+        outcome.error = m_unreadable.value(file);
+        return outcome;
     }
-    if (!outcome.logPath.isEmpty() && (outcome.end == RunOutcome::End::Failed || !outcome.report.skipped.empty()))
-        print(QStringLiteral("  The log is %1").arg(outcome.logPath));
-}
-
-void ImportCommand::printSummary() const
-{
-    quint64 notes = 0;
-    quint64 items = 0;
-    quint64 skipped = 0;
-    for (const RunOutcome& outcome : m_outcomes) {
-        notes += outcome.report.notes;
-        items += outcome.importedItems();
-        skipped += outcome.report.skipped.size();
+    if (m_interrupted) {
+        outcome.end = RunOutcome::End::Cancelled;
+        return outcome;
     }
-    print(QStringLiteral("%1: %2 became items, %3 skipped.").arg(notesText(notes)).arg(items).arg(skipped));
+    FileRun run(file, destination.bridge(), destination.directories(), progress);
+    m_currentRun = &run;
+    outcome = run.run();
+    m_currentRun = nullptr;
+    places = destination.finishRun(outcome);
+    return outcome;
 }
 
 bool ImportCommand::writeReport() const
@@ -120,7 +103,8 @@ bool ImportCommand::writeReport() const
     if (m_options.reportPath.isEmpty())
         return true;
     platform::Error error;
-    if (platform::writeFile(m_options.reportPath, reportDocument(m_outcomes), platform::WriteOption::Atomic, &error))
+    const QByteArray document = reportDocument(m_outcomes, m_earlierImport);
+    if (platform::writeFile(m_options.reportPath, document, platform::WriteOption::Atomic, &error))
         return true;
     printProblem(error.localizedDescription());
     return false;
@@ -134,7 +118,7 @@ ExitStatus ImportCommand::status() const
             return ExitStatus::RunFailed;
         skipped = skipped || !outcome.report.skipped.empty();
     }
-    if (m_interrupted)
+    if (!m_earlierImport.isWhole())
         return ExitStatus::RunFailed;
     return skipped && m_options.strict ? ExitStatus::NotesSkipped : ExitStatus::Success;
 }

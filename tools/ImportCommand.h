@@ -5,13 +5,18 @@
 #include "tools/ImportOptions.h"
 #include "tools/RunOutcome.h"
 
+#include <QHash>
+
 #include <memory>
 #include <vector>
+
+class FileRun;
+class ProgressDisplay;
 
 // The exit statuses of vupuge-import.
 enum class ExitStatus : int {
     Success = 0,
-    RunFailed = 1, // or was cancelled
+    RunFailed = 1, // or was cancelled, or an earlier import could not be finished whole
     WrongUsage = 2,
     NotesSkipped = 3 // only where asked for
 };
@@ -24,13 +29,20 @@ public:
     [[nodiscard]] ExitStatus execute();
 
 private:
+    void checkFiles();
+    [[nodiscard]] ExitStatus prepare(ImportDestination& destination);
     void runFiles(ImportDestination& destination);
-    void printOutcome(const RunOutcome& outcome, const QStringList& places) const;
-    void printSummary() const;
+    [[nodiscard]] RunOutcome runFile(const QString& file, ImportDestination& destination,
+                                     ProgressDisplay& progress, QStringList& places);
+    void interrupt();
     [[nodiscard]] bool writeReport() const;
     [[nodiscard]] ExitStatus status() const;
 
     ImportOptions m_options;
+    // Files that need not be tried, and why.
+    QHash<QString, platform::Error> m_unreadable;
+    EarlierImport m_earlierImport;
     std::vector<RunOutcome> m_outcomes;
+    FileRun* m_currentRun = nullptr;
     bool m_interrupted = false;
 };

@@ -8,7 +8,10 @@
 
 namespace {
 
-QString absolute(const QString& path) { return path.isEmpty() ? QString() : QDir::cleanPath(QDir().absoluteFilePath(path)); }
+QString absolute(const QString& path)
+{
+    return path.isEmpty() ? QString() : QDir::cleanPath(QDir().absoluteFilePath(path));
+}
 
 bool addSetting(const QString& text, ImportOptions& options, QString* problem)
 {
@@ -46,22 +49,29 @@ std::optional<ImportOptions> importOptionsFromArguments(const QStringList& argum
         QStringLiteral("files-folder"),
         QStringLiteral("Lay everything out in <DIR>/Evernote and leave it there; the log goes into <DIR>."),
         QStringLiteral("DIR"));
-    const QCommandLineOption library(QStringLiteral("library"),
-                                     QStringLiteral("Import into the library at <DIR>, which is made when it is not there."),
-                                     QStringLiteral("DIR"));
-    const QCommandLineOption set(QStringLiteral("set"),
-                                 QStringLiteral("Use another value of a setting for this run: YES, NO, a number or text. "
-                                                "Can be repeated."),
-                                 QStringLiteral("KEY=VALUE"));
-    const QCommandLineOption report(QStringLiteral("report"), QStringLiteral("Write what became of every note into <FILE>, as JSON."),
+    const QCommandLineOption library(
+        QStringLiteral("library"),
+        QStringLiteral("Import into the library at <DIR>, which is made when it is not there."),
+        QStringLiteral("DIR"));
+    const QCommandLineOption set(
+        QStringLiteral("set"),
+        QStringLiteral("Use another value of a setting for this run: YES, NO, a number or text. "
+                       "Can be repeated."),
+        QStringLiteral("KEY=VALUE"));
+    const QCommandLineOption report(QStringLiteral("report"),
+                                    QStringLiteral("Write what became of every note into <FILE>, as JSON."),
                                     QStringLiteral("FILE"));
-    const QCommandLineOption strict(QStringLiteral("strict"), QStringLiteral("Exit with 3 when a note was skipped."));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this text."));
-    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")}, QStringLiteral("Show the version."));
+    const QCommandLineOption strict(QStringLiteral("strict"),
+                                    QStringLiteral("Exit with 3 when a note was skipped."));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Show this text."));
+    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
+                                     QStringLiteral("Show the version."));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Imports Evernote's ENEX files into Quillery."));
-    parser.addPositionalArgument(QStringLiteral("FILE.enex"), QStringLiteral("The files to import, one run each."),
+    parser.addPositionalArgument(QStringLiteral("FILE.enex"),
+                                 QStringLiteral("The files to import, one run each."),
                                  QStringLiteral("FILE.enex…"));
     parser.addOptions({filesFolder, library, set, report, strict, help, version});
 
@@ -73,7 +83,8 @@ std::optional<ImportOptions> importOptionsFromArguments(const QStringList& argum
     if (parser.isSet(help))
         options.information = parser.helpText();
     else if (parser.isSet(version))
-        options.information = QStringLiteral("vupuge-import %1\n").arg(platform::Bundle::main().shortVersionString());
+        options.information
+            = QStringLiteral("vupuge-import %1\n").arg(platform::Bundle::main().shortVersionString());
     if (!options.information.isEmpty())
         return options;
 

@@ -25,7 +25,8 @@ struct ImportOptions {
 };
 
 // The options, or none with a sentence that says what is wrong with them.
-[[nodiscard]] std::optional<ImportOptions> importOptionsFromArguments(const QStringList& arguments, QString* problem);
+[[nodiscard]] std::optional<ImportOptions> importOptionsFromArguments(const QStringList& arguments,
+                                                                      QString* problem);
 
 // A setting's value from the command line: YES and NO, numbers, else text.
 [[nodiscard]] QVariant settingValueFromText(const QString& text);

@@ -14,6 +14,9 @@ std::array<int, 2> signalPipe = {-1, -1};
 
 extern "C" void handleSignal(int)
 {
+    // Whichever of the two comes next ends the process.
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
     const char byte = 1;
     static_cast<void>(!write(signalPipe[1], &byte, 1));
 }
@@ -22,7 +25,7 @@ void watch(int signal)
 {
     struct sigaction action = {};
     action.sa_handler = handleSignal;
-    action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+    action.sa_flags = SA_RESTART;
     sigaction(signal, &action, nullptr);
 }
 

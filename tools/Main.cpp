@@ -2,6 +2,7 @@
 #include "resources/Resources.h"
 #include "tools/ImportCommand.h"
 #include "tools/ImportOptions.h"
+#include "tools/TerminalText.h"
 
 #include <QCoreApplication>
 
@@ -13,9 +14,11 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName(QStringLiteral("vupuge-import"));
     registerResources();
     QString problem;
-    const std::optional<ImportOptions> options = importOptionsFromArguments(QCoreApplication::arguments(), &problem);
+    const std::optional<ImportOptions> options
+        = importOptionsFromArguments(QCoreApplication::arguments(), &problem);
     if (!options) {
-        std::fputs(QStringLiteral("vupuge-import: %1\nTry vupuge-import --help.\n").arg(problem).toUtf8().constData(), stderr);
+        printProblem(problem);
+        std::fputs("Try vupuge-import --help.\n", stderr);
         return static_cast<int>(ExitStatus::WrongUsage);
     }
     if (!options->information.isEmpty()) {

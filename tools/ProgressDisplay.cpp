@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tools/ProgressDisplay.h"
 
+#include "tools/TerminalText.h"
+#include "tools/TotalCounts.h"
+
 #include <cstdio>
 
 #include <unistd.h>
@@ -28,8 +31,7 @@ void ProgressDisplay::begin(const QString& file, quint64 notes)
     m_notes = notes;
     m_done = 0;
     m_shownTenths = 0;
-    std::printf("Importing %s: %llu notes\n", file.toUtf8().constData(), static_cast<unsigned long long>(notes));
-    std::fflush(stdout);
+    printLine(QStringLiteral("Importing %1: %2").arg(file, countedNotes(notes)));
     m_sinceDrawn.start();
     if (m_style == Style::Bar && notes > 0)
         drawBar();
@@ -48,9 +50,7 @@ void ProgressDisplay::advance()
     const quint64 tenths = m_done * 10 / m_notes;
     if (tenths > m_shownTenths) {
         m_shownTenths = tenths;
-        std::printf("  %llu of %llu notes\n", static_cast<unsigned long long>(m_done),
-                    static_cast<unsigned long long>(m_notes));
-        std::fflush(stdout);
+        printLine(QStringLiteral("  %1 of %2").arg(m_done).arg(countedNotes(m_notes)));
     }
 }
 
@@ -58,8 +58,9 @@ void ProgressDisplay::drawBar()
 {
     const quint64 filled = std::min(barWidth, m_done * barWidth / m_notes);
     const std::string bar = std::string(filled, '#') + std::string(barWidth - filled, ' ');
-    std::printf("\r  [%s] %3llu %%  %llu of %llu", bar.c_str(), static_cast<unsigned long long>(m_done * 100 / m_notes),
-                static_cast<unsigned long long>(m_done), static_cast<unsigned long long>(m_notes));
+    const auto done = static_cast<unsigned long long>(m_done);
+    const auto notes = static_cast<unsigned long long>(m_notes);
+    std::printf("\r  [%s] %3llu %%  %llu of %llu", bar.c_str(), done * 100 / notes, done, notes);
     std::fflush(stdout);
     m_barIsShown = true;
     m_sinceDrawn.restart();

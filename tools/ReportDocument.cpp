@@ -41,6 +41,27 @@ QJsonObject runObject(const RunOutcome& outcome)
     return run;
 }
 
+QJsonObject skippedObject(const ImportReport::SkippedNote& skipped)
+{
+    QJsonObject object = errorObject(skipped.error.value_or(platform::Error()));
+    object.insert(QStringLiteral("title"), skipped.title);
+    object.insert(QStringLiteral("text"), reasonOf(skipped));
+    return object;
+}
+
+QJsonObject earlierObject(const EarlierImport& earlier)
+{
+    QJsonArray skipped;
+    for (const ImportReport::SkippedNote& note : earlier.skipped)
+        skipped += skippedObject(note);
+    QJsonObject object{{QStringLiteral("items"), static_cast<qint64>(earlier.items)},
+                       {QStringLiteral("places"), QJsonArray::fromStringList(earlier.places)},
+                       {QStringLiteral("skipped"), skipped}};
+    if (earlier.error)
+        object.insert(QStringLiteral("error"), errorObject(*earlier.error));
+    return object;
+}
+
 } // namespace
 
 QString reasonOf(const ImportReport::SkippedNote& skipped)
@@ -48,7 +69,7 @@ QString reasonOf(const ImportReport::SkippedNote& skipped)
     return skipped.error ? skipped.error->localizedDescription() : QStringLiteral("The reason is not known.");
 }
 
-QByteArray reportDocument(const std::vector<RunOutcome>& outcomes)
+QByteArray reportDocument(const std::vector<RunOutcome>& outcomes, const EarlierImport& earlier)
 {
     qint64 notes = 0;
     qint64 items = 0;
@@ -61,9 +82,7 @@ QByteArray reportDocument(const std::vector<RunOutcome>& outcomes)
         items += static_cast<qint64>(outcome.importedItems());
         seconds += outcome.seconds;
         for (const ImportReport::SkippedNote& skipped : outcome.report.skipped) {
-            QJsonObject object = errorObject(skipped.error.value_or(platform::Error()));
-            object.insert(QStringLiteral("title"), skipped.title);
-            object.insert(QStringLiteral("text"), reasonOf(skipped));
+            QJsonObject object = skippedObject(skipped);
             object.insert(QStringLiteral("file"), outcome.file);
             skippedNotes += object;
         }
@@ -74,11 +93,13 @@ QByteArray reportDocument(const std::vector<RunOutcome>& outcomes)
         }
         runs += runObject(outcome);
     }
-    const QJsonObject report{{QStringLiteral("notes"), notes},
-                             {QStringLiteral("items"), items},
-                             {QStringLiteral("skipped"), skippedNotes},
-                             {QStringLiteral("warnings"), warnings},
-                             {QStringLiteral("seconds"), seconds},
-                             {QStringLiteral("runs"), runs}};
+    QJsonObject report{{QStringLiteral("notes"), notes},
+                       {QStringLiteral("items"), items},
+                       {QStringLiteral("skipped"), skippedNotes},
+                       {QStringLiteral("warnings"), warnings},
+                       {QStringLiteral("seconds"), seconds},
+                       {QStringLiteral("runs"), runs}};
+    if (!earlier.places.isEmpty() || !earlier.isWhole())
+        report.insert(QStringLiteral("earlier"), earlierObject(earlier));
     return QJsonDocument(report).toJson();
 }

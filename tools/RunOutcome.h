@@ -19,7 +19,9 @@ struct RunOutcome {
     std::optional<platform::Error> error;
     QString logPath;
     double seconds = 0;
+    // Of a run that did not succeed: the items that were taken all the same.
+    quint64 itemsTaken = 0;
 
     // Items that are really in the library or the files folder.
-    [[nodiscard]] quint64 importedItems() const { return end == End::Imported ? report.items : 0; }
+    [[nodiscard]] quint64 importedItems() const { return end == End::Imported ? report.items : itemsTaken; }
 };

@@ -30,7 +30,8 @@ EvernoteWebConversionOperation::~EvernoteWebConversionOperation()
     m_offscreenWebView->setFrameLoadDelegate(nullptr);
     m_offscreenWebView->setResourceLoadDelegate(nullptr);
     // Never within one of its own reports.
-    OperationQueue::mainQueue().addOperationWithBlock([view = std::shared_ptr<WebView>(std::move(m_offscreenWebView))] {});
+    OperationQueue::mainQueue().addOperationWithBlock(
+        [view = std::shared_ptr<WebView>(std::move(m_offscreenWebView))] {});
 }
 
 void EvernoteWebConversionOperation::start()
@@ -48,7 +49,8 @@ void EvernoteWebConversionOperation::start()
 
 void EvernoteWebConversionOperation::main()
 {
-    OperationQueue::mainQueue().addOperationWithBlock([self = shared_from_this()] { self->load(); });
+    OperationQueue::mainQueue().addOperationWithBlock(
+        [self = shared_from_this()] { self->load(); });
 }
 
 void EvernoteWebConversionOperation::cancel()
@@ -83,15 +85,17 @@ QString EvernoteWebConversionOperation::webViewIdentifierForInitialRequestFromDa
     WebView&, const platform::URLRequest& request, platform::WebDataSource&)
 {
     // As text: some characters have two forms in a QUrl.
-    const bool isMain = platform::addressOfUrl(request.url()) == platform::addressOfUrl(m_originalURL);
+    const bool isMain =
+        platform::addressOfUrl(request.url()) == platform::addressOfUrl(m_originalURL);
     return isMain ? mainRequestIdentifier : QString();
 }
 
 void EvernoteWebConversionOperation::webViewResourceDidReceiveResponseFromDataSource(
-    WebView& view, const QString& identifier, const platform::URLResponse& response, platform::WebDataSource&)
+    WebView& view, const QString& identifier, const platform::URLResponse& response,
+    platform::WebDataSource&)
 {
-    const std::optional<QByteArray> archived
-        = platform::KeyedArchiver::archivedDataWithRootObject(std::make_shared<platform::URLResponse>(response));
+    const std::optional<QByteArray> archived = platform::KeyedArchiver::archivedDataWithRootObject(
+        std::make_shared<platform::URLResponse>(response));
     if (archived && !response.absoluteString().isEmpty())
         m_cachedResponses.insert(response.absoluteString(), *archived);
     const int status = response.statusCode().value_or(0);
@@ -103,7 +107,8 @@ void EvernoteWebConversionOperation::webViewResourceDidReceiveResponseFromDataSo
 }
 
 void EvernoteWebConversionOperation::webViewResourceDidReceiveAuthenticationChallengeFromDataSource(
-    WebView&, const QString&, platform::AuthenticationChallenge& challenge, platform::WebDataSource&)
+    WebView&, const QString&, platform::AuthenticationChallenge& challenge,
+    platform::WebDataSource&)
 {
     challenge.continueWithoutCredential();
 }
@@ -117,7 +122,8 @@ void EvernoteWebConversionOperation::webViewDidFinishLoadForFrame(WebView& view,
     if (const std::optional<platform::WebArchive> archive = frame.webArchive())
         data = archive->data(&error);
     // An archive that cannot be made is data that cannot be read.
-    data = completedWebArchiveData(data.value_or(QByteArray()), frame, m_cachedResponses, m_originalWebURL, &error);
+    data = completedWebArchiveData(data.value_or(QByteArray()), frame, m_cachedResponses,
+                                   m_originalWebURL, &error);
     if (!data) {
         endWithError(error);
     } else if (claimEnd()) {
@@ -127,15 +133,16 @@ void EvernoteWebConversionOperation::webViewDidFinishLoadForFrame(WebView& view,
     }
 }
 
-void EvernoteWebConversionOperation::webViewDidFailLoadWithErrorForFrame(WebView& view, const Error& error,
+void EvernoteWebConversionOperation::webViewDidFailLoadWithErrorForFrame(WebView& view,
+                                                                         const Error& error,
                                                                          WebFrame& frame)
 {
     if (&frame == &view.mainFrame())
         handleWebViewError(error);
 }
 
-void EvernoteWebConversionOperation::webViewDidFailProvisionalLoadWithErrorForFrame(WebView& view, const Error& error,
-                                                                                    WebFrame& frame)
+void EvernoteWebConversionOperation::webViewDidFailProvisionalLoadWithErrorForFrame(
+    WebView& view, const Error& error, WebFrame& frame)
 {
     if (&frame == &view.mainFrame())
         handleWebViewError(error);
@@ -144,7 +151,8 @@ void EvernoteWebConversionOperation::webViewDidFailProvisionalLoadWithErrorForFr
 void EvernoteWebConversionOperation::handleWebViewError(const Error& error)
 {
     // Both say that somebody else ended the load, and will finish the operation.
-    if (error.code() == platform::UrlErrorCancelled || error.code() == platform::WebViewErrorFrameLoadInterrupted)
+    if (error.code() == platform::UrlErrorCancelled ||
+        error.code() == platform::WebViewErrorFrameLoadInterrupted)
         return;
     m_offscreenWebView->stopLoading();
     endWithError(error);
@@ -169,11 +177,15 @@ void EvernoteWebConversionOperation::releaseView()
     m_offscreenWebView.reset();
 }
 
-// In a turn of its own, since a view must outlive its reports; what is queued keeps the operation alive until
-// then, though the thread that waited for it may let it go at once.
+// In a turn of its own, since a view must outlive its reports; what is queued keeps the operation
+// alive until then, though the thread that waited for it may let it go at once.
 void EvernoteWebConversionOperation::releaseViewSoon()
 {
-    OperationQueue::mainQueue().addOperationWithBlock([self = shared_from_this()] { self->releaseView(); });
+    OperationQueue::mainQueue().addOperationWithBlock(
+        [self = shared_from_this()] { self->releaseView(); });
 }
 
-void EvernoteWebConversionOperation::setOperationFinished() { finish(); }
+void EvernoteWebConversionOperation::setOperationFinished()
+{
+    finish();
+}

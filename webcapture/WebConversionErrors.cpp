@@ -8,6 +8,7 @@ platform::Error webConversionErrorForStatus(int statusCode, const QString& statu
 {
     QString text = statusText;
     if (text.isEmpty())
-        text = platform::stringWithFormat(platform::localizedString("Code: %ld"), {QString::number(statusCode)});
+        text = platform::stringWithFormat(platform::localizedString("Code: %ld"),
+                                          {QString::number(statusCode)});
     return {evernoteWebConversionErrorDomain, EvernoteWebConversionErrorHttpStatus, text};
 }

@@ -13,13 +13,14 @@ using platform::WebResource;
 
 namespace {
 
-// That there was a response is all that an archive says of it: readers expect a keyed archive under this key,
-// and ours holds data without a byte.
+// That there was a response is all that an archive says of it: readers expect a keyed archive under
+// this key, and ours holds data without a byte.
 QByteArray responseMark()
 {
     platform::KeyedArchiver archiver;
-    archiver.encodeObject(platform::ArchiveValue::data({}, platform::ArchiveValue::Mutability::Mutable),
-                          webarchive::resourceResponseKey);
+    archiver.encodeObject(
+        platform::ArchiveValue::data({}, platform::ArchiveValue::Mutability::Mutable),
+        webarchive::resourceResponseKey);
     return archiver.finishEncoding().value_or(QByteArray());
 }
 
@@ -58,9 +59,12 @@ QVariantMap webArchiveDictionaryWithDictionary(WebFrame& frame, const QVariantMa
 {
     QVariantMap result = dictionary;
     result.insert(webarchive::subresourcesKey,
-                  completedSubresources(frame, dictionary.value(webarchive::subresourcesKey).toList(), cachedResponses));
+                  completedSubresources(frame,
+                                        dictionary.value(webarchive::subresourcesKey).toList(),
+                                        cachedResponses));
     QVariantList frames;
-    // Frames nest no deeper than a view loads them, and property lists no deeper than they are read.
+    // Frames nest no deeper than a view loads them, and property lists no deeper than they are
+    // read.
     for (const QVariant& entry : dictionary.value(webarchive::subframeArchivesKey).toList()) {
         const QVariantMap archive = entry.toMap();
         const QVariantMap mainResource = archive.value(webarchive::mainResourceKey).toMap();

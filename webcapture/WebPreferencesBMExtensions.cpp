@@ -20,8 +20,12 @@ platform::WebPreferences webPreferencesWithIdentifier(const QString& identifier)
 {
     const platform::UserDefaults& defaults = platform::UserDefaults::standard();
     platform::WebPreferences preferences(identifier);
-    const auto key = [&identifier](QLatin1String setting) { return identifier + QLatin1String("WebKit") + setting; };
-    const auto isSet = [&](QLatin1String setting) { return defaults.objectForKey(key(setting)).isValid(); };
+    const auto key = [&identifier](QLatin1String setting) {
+        return identifier + QLatin1String("WebKit") + setting;
+    };
+    const auto isSet = [&](QLatin1String setting) {
+        return defaults.objectForKey(key(setting)).isValid();
+    };
     const QLatin1String fixedFontSize("DefaultFixedFontSize");
     const QLatin1String fontSize("DefaultFontSize");
     const QLatin1String fixedFont("FixedFont");

@@ -31,7 +31,8 @@ bool isWhole(const QString& manifestPath, Error* cause)
     }
     if (file.readAll().trimmed().endsWith("</plist>"))
         return true;
-    *cause = Error(cocoaErrorDomain, FileReadCorruptFileError, localizedString("It does not reach to its end."));
+    *cause =
+        Error(cocoaErrorDomain, FileReadCorruptFileError, localizedString("It does not reach to its end."));
     return false;
 }
 
@@ -46,10 +47,11 @@ bool QuilleryFilesFolder::importFiles(const QStringList& paths, ImportMode, cons
         Error cause;
         if (isWhole(path, &cause))
             continue;
-        const QString text = localizedString(
-            "The manifest \u201c%1\u201d was not written whole, so nothing can be imported from it. Perhaps the "
-            "disk is full.");
-        setError(error, quilleryLibraryError(QuilleryLibraryErrorCode::IncompleteManifest, text.arg(path), cause));
+        const QString text = localizedString("The manifest \u201c%1\u201d was not written whole, so nothing "
+                                             "can be imported from it. Perhaps the "
+                                             "disk is full.");
+        setError(error,
+                 quilleryLibraryError(QuilleryLibraryErrorCode::IncompleteManifest, text.arg(path), cause));
         return false;
     }
     m_manifestPaths += paths;

@@ -5,7 +5,22 @@
 
 #include <QCoreApplication>
 
+#include <memory>
+#include <utility>
+#include <vector>
+
 namespace platform {
+
+namespace {
+
+// On the main thread only. Never freed itself, because at its end there is no event loop to take leave of.
+std::vector<std::shared_ptr<PageLoad>>& retiredPages()
+{
+    static auto* const pages = new std::vector<std::shared_ptr<PageLoad>>;
+    return *pages;
+}
+
+} // namespace
 
 WebView::WebView()
     : m_mainFrame(new WebFrame(*this))
@@ -46,9 +61,12 @@ void WebView::retirePage()
     if (!m_page)
         return;
     m_page->stop();
-    // One of its steps may be what called us; it is freed when that has returned.
-    if (QCoreApplication::instance())
-        inLaterTurn([page = std::exchange(m_page, nullptr)] {});
+    // One of its steps may be what called us; it is freed when that has returned. The event that frees it must
+    // not own it: an application that ends discards its events under a lock that the page's network needs.
+    if (QCoreApplication::instance()) {
+        retiredPages().push_back(std::exchange(m_page, nullptr));
+        inLaterTurn([] { retiredPages().clear(); });
+    }
     m_page.reset();
 }
 

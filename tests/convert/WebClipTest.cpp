@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "convert/WebClip.h"
 #include "convert/ConversionErrors.h"
 #include "convert/ConversionFixture.h"
-#include "convert/WebClip.h"
 #include "platform/operations/OperationQueue.h"
 #include "platform/propertylist/PropertyList.h"
 #include "platform/webview/LoadErrors.h"
@@ -18,7 +18,8 @@ namespace manifest = platform::manifest;
 using manifest::Record;
 using platform::Error;
 
-// Clips wait for the main thread, so they are converted on a queue while the test runs the event loop.
+// Clips wait for the main thread, so they are converted on a queue while the test runs the event
+// loop.
 class WebClipTest : public ConversionTest {
 protected:
     void SetUp() override
@@ -67,21 +68,34 @@ protected:
         QDir(m_folder.path()).mkdir(m_item->identifier());
         m_item->setIntermediateHTMLDirectoryURL(QUrl::fromLocalFile(scratch));
         std::optional<QUrl> file;
-        onQueue([&] { file = m_item->createWebArchiveForElement(elementFromBody(body), refreshing, &m_error); });
+        onQueue([&] {
+            file = m_item->createWebArchiveForElement(elementFromBody(body), refreshing, &m_error);
+        });
         return file;
     }
 
-    static QString path(const Record& record) { return record->value(manifest::absoluteFilenameKey).toString(); }
-    static QString filename(const Record& record) { return record->value(manifest::filenameKey).toString(); }
-    static int itemType(const Record& record) { return record->value(manifest::itemTypeKey).toInt(); }
+    static QString path(const Record& record)
+    {
+        return record->value(manifest::absoluteFilenameKey).toString();
+    }
+    static QString filename(const Record& record)
+    {
+        return record->value(manifest::filenameKey).toString();
+    }
+    static int itemType(const Record& record)
+    {
+        return record->value(manifest::itemTypeKey).toInt();
+    }
     static QVariantMap archiveAt(const QString& path)
     {
         return platform::readPropertyList(path).value_or(QVariant()).toMap();
     }
     static QString page(const QVariantMap& archive)
     {
-        return QString::fromUtf8(
-            archive.value(text("WebMainResource")).toMap().value(text("WebResourceData")).toByteArray());
+        return QString::fromUtf8(archive.value(text("WebMainResource"))
+                                     .toMap()
+                                     .value(text("WebResourceData"))
+                                     .toByteArray());
     }
     static QByteArrayList images(const QVariantMap& archive)
     {
@@ -92,7 +106,10 @@ protected:
     }
     static QString originalAddress(const QVariantMap& archive)
     {
-        return archive.value(text("QuilleryResource")).toMap().value(text("QLOriginalWebURL")).toString();
+        return archive.value(text("QuilleryResource"))
+            .toMap()
+            .value(text("QLOriginalWebURL"))
+            .toString();
     }
     QStringList systemLogWith(const char* part) const { return m_systemLog.filter(text(part)); }
 
@@ -130,18 +147,21 @@ TEST_F(WebClipTest, TheArchiveHoldsTheClipsImages)
     const QVariantMap archive = archiveAt(path(record));
     EXPECT_EQ(images(archive), QByteArrayList({"first image", "second image", "third image"}));
     const QVariantMap first = archive.value(text("WebSubresources")).toList().first().toMap();
-    EXPECT_EQ(first.keys(),
-              QStringList({text("WebResourceData"), text("WebResourceMIMEType"), text("WebResourceURL")}));
+    EXPECT_EQ(first.keys(), QStringList({text("WebResourceData"), text("WebResourceMIMEType"),
+                                         text("WebResourceURL")}));
     EXPECT_EQ(first.value(text("WebResourceMIMEType")).toString(), text("image/png"));
     EXPECT_TRUE(first.value(text("WebResourceURL")).toString().endsWith(text("/one.png")));
 }
 
 TEST_F(WebClipTest, ImagesOfAnyNameAreFound)
 {
-    const QList<const char*> names = {"50%.png", "a%20b.png", "#1.png", "what?.png", "a&b.png", "a b.png", " ends ",
-                                      "Re: it.png", "http:x.png", "back\\slash.png", "caf\u00E9.png", "\u65E5\u672C.png",
-                                      "\"quoted\".png", "<tag>.png", "a;b=c,d+e.png", "%", "..png", "line\nend.png",
-                                      "data:image", "[x].png", "%2e%2e.png", "\U0001F600.png"};
+    const QList<const char*> names = {
+        "50%.png",        "a%20b.png",       "#1.png",        "what?.png",
+        "a&b.png",        "a b.png",         " ends ",        "Re: it.png",
+        "http:x.png",     "back\\slash.png", "caf\u00E9.png", "\u65E5\u672C.png",
+        "\"quoted\".png", "<tag>.png",       "a;b=c,d+e.png", "%",
+        "..png",          "line\nend.png",   "data:image",    "[x].png",
+        "%2e%2e.png",     "\U0001F600.png"};
     for (const char* name : names) {
         makeClip();
         const QByteArray image = QByteArray("bytes of ") + name;
@@ -163,6 +183,23 @@ TEST_F(WebClipTest, OnlyNamesThatWouldMeanAnotherPlaceAreEscapedInThePage)
     EXPECT_TRUE(page(archiveAt(path(record))).contains(text("src=\"50%25 %231.png\"")));
 }
 
+TEST_F(WebClipTest, ImagesOfOneNameKeepTheirBytes)
+{
+    for (const char* name : {"a.png", "*\n        "}) {
+        makeClip();
+        QByteArray body = "<en-note><p>a</p>";
+        QByteArrayList expected;
+        for (int index = 0; index < 4; ++index) {
+            expected += "image " + QByteArray::number(index);
+            body += media(addResource(expected.last(), "image/png", name));
+        }
+        setBody(body + "</en-note>");
+        const Record record = convertClip();
+        ASSERT_TRUE(record) << name;
+        EXPECT_EQ(images(archiveAt(path(record))), expected) << name;
+    }
+}
+
 TEST_F(WebClipTest, AnImportFolderOfAnyNameServes)
 {
     const QString folder = m_folder.filePath("100% #1? a&b");
@@ -171,7 +208,8 @@ TEST_F(WebClipTest, AnImportFolderOfAnyNameServes)
     m_item->setTitle(text("Title"));
     m_item->noteAttributes().setSource(text("web.clip"));
     m_item->noteAttributes().setSourceURL(text("http://example.org/"));
-    setBody("<en-note><p>a</p>" + media(addResource("image", "image/png", "50%.png")) + "</en-note>");
+    setBody("<en-note><p>a</p>" + media(addResource("image", "image/png", "50%.png")) +
+            "</en-note>");
     const Record record = convertClip();
     ASSERT_TRUE(record);
     EXPECT_EQ(path(record), folder + text("/Title.webarchive"));
@@ -180,7 +218,8 @@ TEST_F(WebClipTest, AnImportFolderOfAnyNameServes)
 
 TEST_F(WebClipTest, CheckboxesAndEncryptedPassagesStayInThePage)
 {
-    setBody("<en-note><en-todo checked=\"true\"/>do<en-crypt hint=\"h\">secret</en-crypt></en-note>");
+    setBody(
+        "<en-note><en-todo checked=\"true\"/>do<en-crypt hint=\"h\">secret</en-crypt></en-note>");
     const Record record = convertClip();
     ASSERT_TRUE(record);
     const QString found = page(archiveAt(path(record)));
@@ -199,7 +238,8 @@ TEST_F(WebClipTest, AMissingImageIsNamedInThePageAndInTheReport)
 
 TEST_F(WebClipTest, AClipWithAnAttachmentThatIsNoImageFailsSoThatItBecomesANote)
 {
-    const QByteArray body = "<en-note><p>a</p>" + media(addResource("%PDF", "application/pdf", "a.pdf")) + "</en-note>";
+    const QByteArray body =
+        "<en-note><p>a</p>" + media(addResource("%PDF", "application/pdf", "a.pdf")) + "</en-note>";
     EXPECT_FALSE(createWebArchive(body));
     EXPECT_EQ(m_error.domain(), text("EvernoteXMLItemErrorDomain"));
     EXPECT_EQ(m_error.code(), 1002);
@@ -209,7 +249,8 @@ TEST_F(WebClipTest, AClipWithAnAttachmentThatIsNoImageFailsSoThatItBecomesANote)
 
 TEST_F(WebClipTest, AClipWithADocumentFallsBackToANoteThatHoldsIt)
 {
-    setBody("<en-note><p>a</p>" + media(addResource("%PDF", "application/pdf", "a.pdf")) + "</en-note>");
+    setBody("<en-note><p>a</p>" + media(addResource("%PDF", "application/pdf", "a.pdf")) +
+            "</en-note>");
     const Record record = convertClip();
     ASSERT_TRUE(record);
     EXPECT_EQ(itemType(record), 1);
@@ -222,7 +263,8 @@ TEST_F(WebClipTest, AMalformedMediaTagIsTheRewritingsError)
 {
     // Comments go into the page as they are.
     EXPECT_FALSE(createWebArchive("<en-note><!-- <en-media hash=1 --><p>a</p></en-note>"));
-    EXPECT_EQ(m_error, Error(evernoteXMLItemErrorDomain, EvernoteXMLItemErrorMalformedTag, text("Invalid media tag.")));
+    EXPECT_EQ(m_error, Error(evernoteXMLItemErrorDomain, EvernoteXMLItemErrorMalformedTag,
+                             text("Invalid media tag.")));
 }
 
 TEST_F(WebClipTest, AnyOtherFailureGivesNeitherFileNorErrorAndNoFallBack)
@@ -247,7 +289,8 @@ TEST_F(WebClipTest, APageThatCannotBeWrittenIsAnError)
     m_item->setIntermediateHTMLDirectoryURL(QUrl::fromLocalFile(m_folder.filePath("nowhere")));
     std::optional<QUrl> file;
     onQueue([&] {
-        file = m_item->createWebArchiveForElement(elementFromBody("<en-note>a</en-note>"), false, &m_error);
+        file = m_item->createWebArchiveForElement(elementFromBody("<en-note>a</en-note>"), false,
+                                                  &m_error);
     });
     EXPECT_FALSE(file);
     EXPECT_EQ(m_error.domain(), text("NSCocoaErrorDomain"));
@@ -280,8 +323,10 @@ TEST_F(WebClipTest, InTheLibrarysFolderALaterClipReplacesAnEarlierOneOfItsTitle)
     makeClip();
     setBody("<en-note><p>later</p></en-note>");
     EXPECT_EQ(path(convertClip()), m_folder.filePath("Web Pages/Title.webarchive"));
-    EXPECT_EQ(m_folder.tree(), QStringList({text("Web Pages/"), text("Web Pages/Title.webarchive")}));
-    EXPECT_TRUE(page(archiveAt(m_folder.filePath("Web Pages/Title.webarchive"))).contains(text("later")));
+    EXPECT_EQ(m_folder.tree(),
+              QStringList({text("Web Pages/"), text("Web Pages/Title.webarchive")}));
+    EXPECT_TRUE(
+        page(archiveAt(m_folder.filePath("Web Pages/Title.webarchive"))).contains(text("later")));
 }
 
 TEST_F(WebClipTest, AClipOfNothingButOneImageIsThatImage)
@@ -325,14 +370,16 @@ TEST_F(WebClipTest, WithTheSettingThePageIsLoadedAgain)
 TEST_F(WebClipTest, AReloadedClipsDocumentIsNotLookedAtButReported)
 {
     m_server.serve(text("/page"), "<p>of today");
-    setBody("<en-note><p>a</p>" + media(addResource("%PDF", "application/pdf", "a.pdf")) + "</en-note>");
+    setBody("<en-note><p>a</p>" + media(addResource("%PDF", "application/pdf", "a.pdf")) +
+            "</en-note>");
     reloadFromWeb("/page");
     const Record record = convertClip();
     ASSERT_TRUE(record);
     EXPECT_EQ(itemType(record), 7);
     EXPECT_EQ(page(archiveAt(path(record))), text("<p>of today"));
-    EXPECT_EQ(m_item->warnings(), QStringList(QString::fromUtf8("The page was loaded again; its attachment "
-                                                                "“a.pdf” was left out.")));
+    EXPECT_EQ(m_item->warnings(),
+              QStringList(QString::fromUtf8("The page was loaded again; its attachment "
+                                            "“a.pdf” was left out.")));
 }
 
 TEST_F(WebClipTest, AReloadThatFailsIsRetriedOnceWithWhatWasClipped)
@@ -345,13 +392,15 @@ TEST_F(WebClipTest, AReloadThatFailsIsRetriedOnceWithWhatWasClipped)
     EXPECT_EQ(originalAddress(archiveAt(path(record))), m_server.address(text("/gone")));
     EXPECT_EQ(m_server.paths(), QStringList(text("/gone")));
     EXPECT_EQ(m_systemLog,
-              QStringList(text("Refreshing web clipping from web failed, retrying with original data. Failure: "
-                               "Error Domain=EvernoteWebConversionErrorDomain Code=10002 \"not found\"")));
+              QStringList(text(
+                  "Refreshing web clipping from web failed, retrying with original data. Failure: "
+                  "Error Domain=EvernoteWebConversionErrorDomain Code=10002 \"not found\"")));
 }
 
 TEST_F(WebClipTest, AReloadThatFailsForAClipWithADocumentEndsAsANote)
 {
-    setBody("<en-note><p>a</p>" + media(addResource("%PDF", "application/pdf", "a.pdf")) + "</en-note>");
+    setBody("<en-note><p>a</p>" + media(addResource("%PDF", "application/pdf", "a.pdf")) +
+            "</en-note>");
     reloadFromWeb("/gone");
     const Record record = convertClip();
     ASSERT_TRUE(record);
@@ -364,8 +413,9 @@ TEST_F(WebClipTest, AReloadThatFailsForAClipWithADocumentEndsAsANote)
 TEST_F(WebClipTest, OnlyAnAddressOfTheWebIsLoadedAgain)
 {
     const QString secret = m_folder.write(text("secret.html"), "<p>secret");
-    for (const QString& source : {QUrl::fromLocalFile(secret).toString(), text("about:blank"),
-                                  text("data:text/html,secret"), text("javascript:1"), text("no address at all")}) {
+    for (const QString& source :
+         {QUrl::fromLocalFile(secret).toString(), text("about:blank"),
+          text("data:text/html,secret"), text("javascript:1"), text("no address at all")}) {
         makeClip();
         reloadFromWeb("/page");
         m_item->noteAttributes().setSourceURL(source);
@@ -393,8 +443,9 @@ TEST_F(WebClipTest, ClipsOfSeveralRunsAreConvertedSideBySide)
     std::vector<std::unique_ptr<EvernoteXMLItem>> items;
     for (int index = 0; index < count; ++index) {
         makeClip(qPrintable(QString::number(index)));
-        setBody("<en-note><p>a</p>" + media(addResource("image " + QByteArray::number(index), "image/png", "a.png"))
-                + "</en-note>");
+        setBody("<en-note><p>a</p>" +
+                media(addResource("image " + QByteArray::number(index), "image/png", "a.png")) +
+                "</en-note>");
         items.push_back(std::move(m_item));
     }
     onQueue([&] {

@@ -9,7 +9,10 @@
 
 #include <thread>
 
-void CaptureTest::TearDown() { platform::UserDefaults::standard().clearOverrides(); }
+void CaptureTest::TearDown()
+{
+    platform::UserDefaults::standard().clearOverrides();
+}
 
 CaptureTest::Operation CaptureTest::operationFor(const QUrl& url)
 {
@@ -46,7 +49,8 @@ QVariantMap CaptureTest::archiveOf(const Operation& operation)
 {
     if (!operation->webArchiveData()) {
         ADD_FAILURE() << "no archive: "
-                      << qPrintable(operation->operationError().value_or(platform::Error()).description());
+                      << qPrintable(
+                             operation->operationError().value_or(platform::Error()).description());
         return {};
     }
     const auto archive = platform::propertyListFromData(*operation->webArchiveData());
@@ -81,6 +85,7 @@ QStringList CaptureTest::paths(const QVariantMap& archive) const
 {
     QStringList result;
     for (const QVariantMap& resource : subresources(archive))
-        result += resource.value(text("WebResourceURL")).toString().remove(m_server.address(QString()));
+        result +=
+            resource.value(text("WebResourceURL")).toString().remove(m_server.address(QString()));
     return result;
 }

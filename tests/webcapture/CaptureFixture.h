@@ -33,7 +33,10 @@ protected:
     static QVariantMap mainResource(const QVariantMap& archive);
     static QList<QVariantMap> subresources(const QVariantMap& archive);
     static QList<QVariantMap> subframes(const QVariantMap& archive);
-    static QByteArray bytes(const QVariantMap& resource) { return resource.value(text("WebResourceData")).toByteArray(); }
+    static QByteArray bytes(const QVariantMap& resource)
+    {
+        return resource.value(text("WebResourceData")).toByteArray();
+    }
     // The addresses of the sub-resources without their server.
     [[nodiscard]] QStringList paths(const QVariantMap& archive) const;
 
@@ -42,5 +45,7 @@ protected:
     QStringList m_systemLog;
 
 private:
-    platform::SystemLogObserver m_observer{[this](const QString& message) { m_systemLog += message; }};
+    platform::SystemLogObserver m_observer{[this](const QString& message) {
+        m_systemLog += message;
+    }};
 };

@@ -16,7 +16,8 @@ using Delivery = HttpAnswer::Delivery;
 
 class EvernoteWebConversionOperationTest : public CaptureTest {
 protected:
-    static void expectError(const Operation& operation, const QString& domain, int code, const char* description = nullptr)
+    static void expectError(const Operation& operation, const QString& domain, int code,
+                            const char* description = nullptr)
     {
         EXPECT_TRUE(operation->isFinished());
         EXPECT_FALSE(operation->webArchiveData());
@@ -53,9 +54,11 @@ TEST_F(EvernoteWebConversionOperationTest, APageBecomesAnArchiveThatNamesWhereIt
     EXPECT_TRUE(operation->webArchiveData()->startsWith("bplist00"));
     EXPECT_EQ(archive.keys(), QStringList({text("QuilleryResource"), text("WebMainResource"),
                                            text("WebSubframeArchives"), text("WebSubresources")}));
-    const QVariantMap expected = {{text("QLOriginalWebURL"), text("http://example.org/clipped?a=1#top")}};
+    const QVariantMap expected = {
+        {text("QLOriginalWebURL"), text("http://example.org/clipped?a=1#top")}};
     EXPECT_EQ(archive.value(text("QuilleryResource")).toMap(), expected);
-    EXPECT_EQ(mainResource(archive).value(text("WebResourceURL")).toString(), m_server.address(text("/page")));
+    EXPECT_EQ(mainResource(archive).value(text("WebResourceURL")).toString(),
+              m_server.address(text("/page")));
     EXPECT_EQ(bytes(mainResource(archive)), QByteArray("<title>T</title><p>text"));
     EXPECT_TRUE(m_systemLog.isEmpty());
 }
@@ -77,10 +80,13 @@ TEST_F(EvernoteWebConversionOperationTest, TheStartReturnsBeforeThePageIsLoaded)
 
 TEST_F(EvernoteWebConversionOperationTest, TheViewRunsNothingWhateverTheSettingsSay)
 {
-    platform::UserDefaults::standard().setOverride(text("EvernoteDownloadWebKitJavaScriptEnabled"), true);
+    platform::UserDefaults::standard().setOverride(text("EvernoteDownloadWebKitJavaScriptEnabled"),
+                                                   true);
     platform::UserDefaults::standard().setOverride(text("EvernoteDownloadWebKitJavaEnabled"), true);
-    platform::UserDefaults::standard().setOverride(text("EvernoteDownloadWebKitPluginsEnabled"), true);
-    platform::UserDefaults::standard().setOverride(text("EvernoteDownloadWebKitDefaultFontSize"), 21);
+    platform::UserDefaults::standard().setOverride(text("EvernoteDownloadWebKitPluginsEnabled"),
+                                                   true);
+    platform::UserDefaults::standard().setOverride(text("EvernoteDownloadWebKitDefaultFontSize"),
+                                                   21);
     const Operation operation = operationFor(m_server.url(text("/page")));
     bool asked = false;
     m_server.serve(text("/page"), [&](const test::HttpRequest&) {
@@ -107,8 +113,9 @@ TEST_F(EvernoteWebConversionOperationTest, EveryResponseIsKeptUnderItsAddress)
     const Operation operation = convert(m_server.url(text("/page")));
     QStringList addresses = operation->cachedResponses().keys();
     addresses.sort();
-    EXPECT_EQ(addresses, QStringList({m_server.address(text("/a.png")), m_server.address(text("/gone.png")),
-                                      m_server.address(text("/page"))}));
+    EXPECT_EQ(addresses,
+              QStringList({m_server.address(text("/a.png")), m_server.address(text("/gone.png")),
+                           m_server.address(text("/page"))}));
     for (const QByteArray& archived : operation->cachedResponses())
         EXPECT_TRUE(archived.startsWith("bplist00"));
 }
@@ -139,8 +146,10 @@ TEST_F(EvernoteWebConversionOperationTest, StatusesJustOutsideDoNotFail)
 
 TEST_F(EvernoteWebConversionOperationTest, AStatusWithoutATextIsNamedByItsCode)
 {
-    EXPECT_EQ(webConversionErrorForStatus(599, QString()).localizedDescription(), text("Code: 599"));
-    EXPECT_EQ(webConversionErrorForStatus(404, text("not found")).localizedDescription(), text("not found"));
+    EXPECT_EQ(webConversionErrorForStatus(599, QString()).localizedDescription(),
+              text("Code: 599"));
+    EXPECT_EQ(webConversionErrorForStatus(404, text("not found")).localizedDescription(),
+              text("not found"));
 }
 
 TEST_F(EvernoteWebConversionOperationTest, ARedirectToAPageThatIsNotFoundFails)
@@ -155,15 +164,17 @@ TEST_F(EvernoteWebConversionOperationTest, ARedirectedPageIsArchivedUnderItsLast
     m_server.serve(text("/folder/other"), "<img src=a.png>");
     m_server.serve(text("/folder/a.png"), "png", "image/png");
     const QVariantMap archive = archiveOf(convert(m_server.url(text("/page"))));
-    EXPECT_EQ(mainResource(archive).value(text("WebResourceURL")).toString(), m_server.address(text("/folder/other")));
+    EXPECT_EQ(mainResource(archive).value(text("WebResourceURL")).toString(),
+              m_server.address(text("/folder/other")));
     EXPECT_EQ(paths(archive), QStringList({text("/folder/a.png")}));
 }
 
 TEST_F(EvernoteWebConversionOperationTest, ImagesFramesAndStylesThatFailDoNotFailThePage)
 {
-    m_server.serve(text("/page"), "<link rel=stylesheet href=gone.css><img src=gone.png><img src=a.png>"
-                                  "<iframe src=gone.html></iframe><iframe src=forbidden.html></iframe>"
-                                  "<iframe src=cut.html></iframe>");
+    m_server.serve(text("/page"),
+                   "<link rel=stylesheet href=gone.css><img src=gone.png><img src=a.png>"
+                   "<iframe src=gone.html></iframe><iframe src=forbidden.html></iframe>"
+                   "<iframe src=cut.html></iframe>");
     m_server.serve(text("/a.png"), "png", "image/png");
     serveStatus("/forbidden.html", 403);
     HttpAnswer cut{200, "text/html", "<p>half of this"};
@@ -227,10 +238,13 @@ TEST_F(EvernoteWebConversionOperationTest, APageThatBreaksOffGivesTheLoadsOwnErr
 
 TEST_F(EvernoteWebConversionOperationTest, WhatIsNoPageOrIsNotThereFails)
 {
-    expectError(convert(QUrl::fromLocalFile(m_folder.filePath("none.html"))), platform::urlErrorDomain,
-                platform::UrlErrorFileDoesNotExist);
+    expectError(convert(QUrl::fromLocalFile(m_folder.filePath("none.html"))),
+                platform::urlErrorDomain, platform::UrlErrorFileDoesNotExist);
     expectError(convert(QUrl()), platform::urlErrorDomain, platform::UrlErrorBadUrl);
-    m_server.serve(text("/program"), "\x7f" "ELF", "application/octet-stream");
+    m_server.serve(text("/program"),
+                   "\x7f"
+                   "ELF",
+                   "application/octet-stream");
     expectError(convert(m_server.url(text("/program"))), platform::webViewErrorDomain,
                 platform::WebViewErrorCannotShowMimeType);
 }
@@ -357,7 +371,8 @@ TEST_F(EvernoteWebConversionCancelTest, AfterTheEndTheResultStays)
 
 TEST_F(EvernoteWebConversionCancelTest, AtAnyMomentEndsWithTheArchiveOrWithNothing)
 {
-    const QString page = m_folder.write(text("page.html"), "<img src=a.png><iframe src=b.html></iframe>");
+    const QString page =
+        m_folder.write(text("page.html"), "<img src=a.png><iframe src=b.html></iframe>");
     m_folder.write(text("a.png"), "png");
     m_folder.write(text("b.html"), "<p>text");
     int archives = 0;

@@ -11,17 +11,23 @@ using test::HttpAnswer;
 
 class TestSiteTest : public CaptureTest {
 protected:
-    QVariantMap archive(const char* path = "/page") { return archiveOf(convert(m_server.url(text(path)))); }
-    void expectResources(const QVariantMap& found, const QList<std::pair<QByteArray, QByteArray>>& expected)
+    QVariantMap archive(const char* path = "/page")
+    {
+        return archiveOf(convert(m_server.url(text(path))));
+    }
+    void expectResources(const QVariantMap& found,
+                         const QList<std::pair<QByteArray, QByteArray>>& expected)
     {
         QList<std::pair<QByteArray, QByteArray>> resources;
         for (const QVariantMap& resource : subresources(found)) {
             const QString url = resource.value(text("WebResourceURL")).toString();
-            resources.append({url.mid(m_server.address(QString()).size()).toUtf8(), bytes(resource)});
+            resources.append(
+                {url.mid(m_server.address(QString()).size()).toUtf8(), bytes(resource)});
         }
         EXPECT_EQ(resources, expected);
     }
-    // RFC 1952, round the deflated data that lies between the header and the checksum of Qt's own form.
+    // RFC 1952, round the deflated data that lies between the header and the checksum of Qt's own
+    // form.
     static QByteArray gzip(const QByteArray& plain)
     {
         quint32 checksum = 0xFFFFFFFF;
@@ -34,17 +40,21 @@ protected:
         qToLittleEndian<quint32>(~checksum, trailer.data());
         qToLittleEndian<quint32>(quint32(plain.size()), trailer.data() + 4);
         const QByteArray compressed = qCompress(plain);
-        return QByteArray("\x1F\x8B\x08\0\0\0\0\0\0\x03", 10) + compressed.sliced(6).chopped(4) + trailer;
+        return QByteArray("\x1F\x8B\x08\0\0\0\0\0\0\x03", 10) + compressed.sliced(6).chopped(4) +
+               trailer;
     }
 };
 
 TEST_F(TestSiteTest, APageWithStylesAndImages)
 {
-    const QByteArray page = "<!DOCTYPE html><link rel=stylesheet href='css/a.css'><link rel=icon href=icon.png>"
-                            "<img src=one.png srcset='two.png 2x'><p style='background:url(inline.png)'>text";
+    const QByteArray page =
+        "<!DOCTYPE html><link rel=stylesheet href='css/a.css'><link rel=icon href=icon.png>"
+        "<img src=one.png srcset='two.png 2x'><p style='background:url(inline.png)'>text";
     m_server.serve(text("/page"), page);
-    m_server.serve(text("/css/a.css"), "@import 'b.css'; p{background:url(../back.png)}", "text/css");
-    m_server.serve(text("/css/b.css"), "/* url(no.png) */ @font-face{font-family:f;src:url(f.woff2)} p{font-family:f}",
+    m_server.serve(text("/css/a.css"), "@import 'b.css'; p{background:url(../back.png)}",
+                   "text/css");
+    m_server.serve(text("/css/b.css"),
+                   "/* url(no.png) */ @font-face{font-family:f;src:url(f.woff2)} p{font-family:f}",
                    "text/css");
     QByteArray everyByte;
     for (int value = 0; value < 256; ++value)
@@ -58,8 +68,9 @@ TEST_F(TestSiteTest, APageWithStylesAndImages)
     EXPECT_EQ(bytes(mainResource(found)), page);
     QStringList addresses = paths(found);
     addresses.sort();
-    EXPECT_EQ(addresses, QStringList({text("/back.png"), text("/css/a.css"), text("/css/b.css"), text("/css/f.woff2"),
-                                      text("/icon.png"), text("/inline.png"), text("/one.png")}));
+    EXPECT_EQ(addresses, QStringList({text("/back.png"), text("/css/a.css"), text("/css/b.css"),
+                                      text("/css/f.woff2"), text("/icon.png"), text("/inline.png"),
+                                      text("/one.png")}));
     for (const QVariantMap& resource : subresources(found)) {
         if (resource.value(text("WebResourceURL")).toString().endsWith(text("/one.png"))) {
             EXPECT_EQ(bytes(resource), everyByte);
@@ -92,21 +103,26 @@ TEST_F(TestSiteTest, FramesWithinFramesEachWithItsOwnResources)
 
 TEST_F(TestSiteTest, AFrameset)
 {
-    m_server.serve(text("/page"), "<frameset cols='50%,50%'><frame name=left src=l.html><frame src=r.html></frameset>");
+    m_server.serve(
+        text("/page"),
+        "<frameset cols='50%,50%'><frame name=left src=l.html><frame src=r.html></frameset>");
     m_server.serve(text("/l.html"), "<p>left");
     m_server.serve(text("/r.html"), "<p>right");
     const QVariantMap found = archive();
     ASSERT_EQ(subframes(found).size(), 2);
     EXPECT_EQ(bytes(mainResource(subframes(found)[0])), QByteArray("<p>left"));
     EXPECT_EQ(bytes(mainResource(subframes(found)[1])), QByteArray("<p>right"));
-    EXPECT_FALSE(mainResource(subframes(found)[1]).value(text("WebResourceFrameName")).toString().isEmpty());
+    EXPECT_FALSE(
+        mainResource(subframes(found)[1]).value(text("WebResourceFrameName")).toString().isEmpty());
 }
 
 TEST_F(TestSiteTest, CompressedBodiesAreStoredPlain)
 {
-    m_server.serve(text("/page"), HttpAnswer{200, "text/html", gzip("<p>packed<img src=a.svg>"),
-                                             {"Content-Encoding: gzip"}});
-    m_server.serve(text("/a.svg"), HttpAnswer{200, "image/svg+xml", gzip("<svg/>"), {"Content-Encoding: gzip"}});
+    m_server.serve(
+        text("/page"),
+        HttpAnswer{200, "text/html", gzip("<p>packed<img src=a.svg>"), {"Content-Encoding: gzip"}});
+    m_server.serve(text("/a.svg"),
+                   HttpAnswer{200, "image/svg+xml", gzip("<svg/>"), {"Content-Encoding: gzip"}});
     const QVariantMap found = archive();
     EXPECT_EQ(bytes(mainResource(found)), QByteArray("<p>packed<img src=a.svg>"));
     expectResources(found, {{"/a.svg", "<svg/>"}});

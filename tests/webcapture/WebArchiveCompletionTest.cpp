@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "webcapture/WebArchiveCompletion.h"
 #include "platform/core/SystemLog.h"
 #include "platform/propertylist/PropertyList.h"
 #include "platform/webview/WebView.h"
-#include "webcapture/WebArchiveCompletion.h"
 
 namespace {
 
@@ -14,12 +14,14 @@ protected:
 
     std::optional<QByteArray> complete(const QByteArray& data)
     {
-        return completedWebArchiveData(data, m_view.mainFrame(), {}, QUrl(text("http://example.org/a%20b")), &m_error);
+        return completedWebArchiveData(data, m_view.mainFrame(), {},
+                                       QUrl(text("http://example.org/a%20b")), &m_error);
     }
     static QByteArray archive(PropertyListFormat format)
     {
         const QVariantMap mainResource = {{text("WebResourceURL"), text("http://example.org/")}};
-        return *platform::propertyListData(QVariantMap{{text("WebMainResource"), mainResource}}, format);
+        return *platform::propertyListData(QVariantMap{{text("WebMainResource"), mainResource}},
+                                           format);
     }
 
     platform::WebView m_view;
@@ -27,7 +29,9 @@ protected:
     QStringList m_systemLog;
 
 private:
-    platform::SystemLogObserver m_observer{[this](const QString& message) { m_systemLog += message; }};
+    platform::SystemLogObserver m_observer{[this](const QString& message) {
+        m_systemLog += message;
+    }};
 };
 
 TEST_F(WebArchiveCompletionTest, TheDataKeepsItsFormOfPropertyList)
@@ -45,8 +49,8 @@ TEST_F(WebArchiveCompletionTest, TheDataKeepsItsFormOfPropertyList)
 
 TEST_F(WebArchiveCompletionTest, TheClipsAddressIsAllThatIsAddedBesideTheLists)
 {
-    const QVariantMap result
-        = platform::propertyListFromData(*complete(archive(PropertyListFormat::Binary)))->toMap();
+    const QVariantMap result =
+        platform::propertyListFromData(*complete(archive(PropertyListFormat::Binary)))->toMap();
     EXPECT_EQ(result.keys(), QStringList({text("QuilleryResource"), text("WebMainResource"),
                                           text("WebSubframeArchives"), text("WebSubresources")}));
     const QVariantMap expected = {{text("QLOriginalWebURL"), text("http://example.org/a%20b")}};
@@ -55,13 +59,14 @@ TEST_F(WebArchiveCompletionTest, TheClipsAddressIsAllThatIsAddedBesideTheLists)
 
 TEST_F(WebArchiveCompletionTest, DataThatIsNoPropertyListIsAnErrorAndALine)
 {
-    for (const QByteArray& data : {QByteArray("bplist00 and then nothing"), QByteArray("<plist"), QByteArray()}) {
+    for (const QByteArray& data :
+         {QByteArray("bplist00 and then nothing"), QByteArray("<plist"), QByteArray()}) {
         m_error = {};
         m_systemLog.clear();
         EXPECT_FALSE(complete(data)) << data.constData();
         EXPECT_FALSE(m_error.isNull());
-        EXPECT_EQ(m_systemLog,
-                  QStringList("Couldn't create property list to save web archive: " + m_error.description()));
+        EXPECT_EQ(m_systemLog, QStringList("Couldn't create property list to save web archive: " +
+                                           m_error.description()));
     }
 }
 
@@ -76,7 +81,8 @@ TEST_F(WebArchiveCompletionTest, ADictionaryThatCannotBeWrittenIsAnErrorAndALine
     EXPECT_FALSE(complete(data));
     EXPECT_FALSE(m_error.isNull());
     EXPECT_EQ(m_systemLog,
-              QStringList("Couldn't create data from property list to save web archive: " + m_error.description()));
+              QStringList("Couldn't create data from property list to save web archive: " +
+                          m_error.description()));
 }
 
 TEST_F(WebArchiveCompletionTest, WithoutAnErrorParameterTheFailureIsTheReturnValue)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "platform/propertylist/PropertyList.h"
 #include "webcapture/WebFrameBMExtensions.h"
+#include "platform/propertylist/PropertyList.h"
 
 #include "platform/webview/HttpTestServer.h"
 #include "platform/webview/ViewRecorder.h"
@@ -37,7 +37,10 @@ protected:
     {
         return archive.value(text("WebSubframeArchives")).toList();
     }
-    static QString address(const QVariant& resource) { return resource.toMap().value(text("WebResourceURL")).toString(); }
+    static QString address(const QVariant& resource)
+    {
+        return resource.toMap().value(text("WebResourceURL")).toString();
+    }
     // The archive with its only frame's name replaced; none removes it.
     static QVariantMap withFrameNamed(QVariantMap archive, const std::optional<QString>& name)
     {
@@ -80,7 +83,8 @@ TEST_F(WebFrameBMExtensionsTest, AReceivedResourceThatTheArchiveMissesIsAddedBeh
     const QVariantList expected = {all[1], all[0], all[2]};
     EXPECT_EQ(subresources(result), expected);
     EXPECT_EQ(subresources(result)[1].toMap().keys(),
-              QStringList({text("WebResourceData"), text("WebResourceMIMEType"), text("WebResourceURL")}));
+              QStringList(
+                  {text("WebResourceData"), text("WebResourceMIMEType"), text("WebResourceURL")}));
 }
 
 TEST_F(WebFrameBMExtensionsTest, AnAddedResourceWhoseResponseWasSeenSaysSo)
@@ -88,7 +92,8 @@ TEST_F(WebFrameBMExtensionsTest, AnAddedResourceWhoseResponseWasSeenSaysSo)
     serveImages({text("a.png"), text("b.png")});
     QVariantMap archive = load("<img src=a.png><img src=b.png>");
     archive.remove(text("WebSubresources"));
-    const QVariantList added = subresources(completed(archive, {{m_server.address(text("/a.png")), "a response"}}));
+    const QVariantList added =
+        subresources(completed(archive, {{m_server.address(text("/a.png")), "a response"}}));
     ASSERT_EQ(added.size(), 2);
     EXPECT_FALSE(added[1].toMap().contains(text("WebResourceResponse")));
 
@@ -137,7 +142,8 @@ TEST_F(WebFrameBMExtensionsTest, AFrameIsCompletedFromItsOwnResources)
     QVariantMap child = subframes(archive).first().toMap();
     child.remove(text("WebSubresources"));
     archive.insert(text("WebSubframeArchives"), QVariantList{child});
-    const QVariantMap result = completed(archive, {{m_server.address(text("/inner.png")), "a response"}});
+    const QVariantMap result =
+        completed(archive, {{m_server.address(text("/inner.png")), "a response"}});
     EXPECT_EQ(subresources(result), subresources(archive));
     ASSERT_EQ(subframes(result).size(), 1);
     const QVariantList added = subresources(subframes(result).first().toMap());
@@ -159,7 +165,8 @@ TEST_F(WebFrameBMExtensionsTest, FramesWithoutANameOrThatAreNotFoundAreDropped)
 TEST_F(WebFrameBMExtensionsTest, AFrameWhoseElementHasNoNameIsKeptUnderItsPath)
 {
     m_server.serve(text("/frame.html"), "<p>text");
-    const QVariantMap result = completed(load("<iframe src=frame.html></iframe><iframe src=frame.html></iframe>"));
+    const QVariantMap result =
+        completed(load("<iframe src=frame.html></iframe><iframe src=frame.html></iframe>"));
     EXPECT_EQ(subframes(result).size(), 2);
 }
 

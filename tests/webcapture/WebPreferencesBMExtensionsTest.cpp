@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "platform/defaults/UserDefaults.h"
 #include "webcapture/WebPreferencesBMExtensions.h"
+#include "platform/defaults/UserDefaults.h"
 
 namespace {
 
@@ -13,7 +13,10 @@ protected:
     {
         platform::UserDefaults::standard().setOverride(text(key), value);
     }
-    static platform::WebPreferences preferences() { return webPreferencesWithIdentifier(text("EvernoteDownload")); }
+    static platform::WebPreferences preferences()
+    {
+        return webPreferencesWithIdentifier(text("EvernoteDownload"));
+    }
 };
 
 TEST_F(WebPreferencesBMExtensionsTest, WithoutSettingsThePlatformsDefaultsStay)

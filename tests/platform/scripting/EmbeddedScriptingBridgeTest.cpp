@@ -5,8 +5,6 @@
 #include "platform/scripting/QuilleryIdentifiers.h"
 #include "platform/scripting/QuilleryLibraryFolder.h"
 
-#include "support/ScratchFolder.h"
-
 namespace {
 
 using platform::EmbeddedScriptingBridge;
@@ -29,18 +27,6 @@ TEST(EmbeddedScriptingBridgeTest, WithoutAnApplicationNoneIsInstalled)
 {
     EmbeddedScriptingBridge bridge(nullptr);
     EXPECT_FALSE(bridge.installedQuillery(platform::quillery::identifier));
-}
-
-TEST(QuilleryFilesFolderTest, RemembersTheManifestsAndLeavesThemWhereTheyAre)
-{
-    const test::ScratchFolder scratch;
-    const QString manifest = scratch.write(QStringLiteral("Evernote.qllibxml"), "manifest");
-    QuilleryFilesFolder quillery;
-    quillery.activate();
-    EXPECT_EQ(quillery.version(), QStringLiteral("3.5.3"));
-    EXPECT_TRUE(quillery.importFiles({manifest}, QuilleryApplication::ImportMode::Copy, {}, 0, {}, 0, {}));
-    EXPECT_EQ(quillery.manifestPaths(), QStringList{manifest});
-    EXPECT_EQ(scratch.read(QStringLiteral("Evernote.qllibxml")), "manifest");
 }
 
 TEST(QuilleryLibraryFolderVersionTest, ReportsAVersionThatTheImporterAccepts)

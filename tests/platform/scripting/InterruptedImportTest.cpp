@@ -121,6 +121,19 @@ protected:
         EXPECT_FALSE(platform::fileExistsAtPath(m_filesPath)) << meetings;
     }
 
+    // The files of the items that the last import could not take, as it tells them, sorted.
+    static QStringList failedNames(const QuilleryLibraryFolder& folder)
+    {
+        QStringList names;
+        for (const platform::FailedImportItem& item : folder.lastFailedItems()) {
+            EXPECT_TRUE(item.error.localizedDescription().contains(text(" is gone: ")))
+                << qPrintable(item.path);
+            names += QFileInfo(item.path).fileName();
+        }
+        names.sort();
+        return names;
+    }
+
     static void empty(const QString& folder)
     {
         const QStringList names
@@ -259,7 +272,7 @@ TEST_F(InterruptedImportTest, TheSameImportAskedForAgainIsFinishedAndNotRepeated
     EXPECT_GT(finishedAgain, 5);
 }
 
-TEST_F(InterruptedImportTest, TheFilesOfALaterRunAtTheSamePathAreNotTakenForThoseOfTheInterruptedOne)
+TEST_F(InterruptedImportTest, TheFilesOfALaterRunAreNotTakenForThoseOfTheInterruptedOneWhichAreToldAsGone)
 {
     ASSERT_TRUE(QDir().mkpath(m_library));
     int interruptedInside = 0;
@@ -270,17 +283,25 @@ TEST_F(InterruptedImportTest, TheFilesOfALaterRunAtTheSamePathAreNotTakenForThos
             GTEST_SKIP() << "processes cannot be traced here";
         if (outcome == Outcome::Ended)
             break;
+        const bool hadBegun = !copiesBelow(m_library, text("Import.plist")).isEmpty();
         QStringList takenBefore;
         for (const QString& fileName : m_fileNames)
             takenBefore += copiesBelow(m_library, fileName).isEmpty() ? QStringList() : QStringList{fileName};
         interruptedInside += takenBefore.size() == 1 || takenBefore.size() == 2 ? 1 : 0;
+        QStringList gone;
+        for (const QString& fileName : m_fileNames) {
+            const bool isLost = hadBegun && !takenBefore.contains(fileName);
+            gone += isLost ? QStringList{fileName} : QStringList();
+        }
 
         // The next run begins by removing the files folder, as every run does.
         removeFilesFolder();
         static_cast<void>(layOut());
         QuilleryLibraryFolder folder(m_library);
         Error error;
-        EXPECT_TRUE(import(folder, manifestPath, &error)) << meetings << qPrintable(error.description());
+        EXPECT_EQ(import(folder, manifestPath, &error), gone.isEmpty())
+            << meetings << qPrintable(error.description());
+        EXPECT_EQ(failedNames(folder), gone) << meetings;
         for (const QString& fileName : m_fileNames) {
             const QStringList copies = copiesBelow(m_library, fileName);
             EXPECT_EQ(copies.size(), takenBefore.contains(fileName) ? 2 : 1)

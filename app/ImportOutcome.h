@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "import/ImportReport.h"
+#include "platform/core/Error.h"
+
+#include <QString>
+
+#include <optional>
+
+// How a run ended, for the person who began it.
+struct ImportOutcome {
+    enum class End { Imported, Failed, Cancelled };
+
+    // The file's name; empty for a run over notebooks.
+    QString source;
+    End end = End::Failed;
+    ImportReport report;
+    // The first error of a run that failed; none when nobody could say why.
+    std::optional<platform::Error> error;
+    // Empty when the run ended before it had a log.
+    QString logPath;
+
+    [[nodiscard]] quint64 importedItems() const { return end == End::Imported ? report.items : 0; }
+};

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/OptionsPage.h"
+
+// Where notes go, how they are fetched, and what is logged.
+class ImportOptionsPage : public OptionsPage {
+public:
+    ImportOptionsPage();
+
+private:
+    void addLibraryFolder();
+};
+
+// How imported notes look.
+class NoteOptionsPage : public OptionsPage {
+public:
+    NoteOptionsPage();
+
+private:
+    void addFont();
+    void addColor(const char* key, const QString& label);
+};
+
+// How clipped pages are captured.
+class WebOptionsPage : public OptionsPage {
+public:
+    WebOptionsPage();
+
+private:
+    void addFontFamily(const char* key, const QString& label, const QString& byDefault);
+};
