@@ -3,6 +3,7 @@
 
 #include "app/Alert.h"
 #include "app/EnexFiles.h"
+#include "app/EnexOpenPanel.h"
 #include "app/EvernoteExportOptionsController.h"
 #include "app/EvernoteExportPanel.h"
 #include "app/ImportResultSheet.h"
@@ -10,10 +11,10 @@
 #include "app/ReleaseNotes.h"
 #include "platform/core/LocalizedStrings.h"
 #include "platform/core/NumericText.h"
+#include "platform/defaults/UserDefaults.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QFileDialog>
 #include <QScreen>
 #include <QTimer>
 
@@ -150,8 +151,13 @@ void AppDelegate::checkForNotebooks()
     }
     for (const auto& notebook : listed) {
         const QString name = notebook->name();
-        if (!name.isEmpty())
-            insertObjectInNotebooksAtIndex({name, true, notebook, notebook->notes().size()}, 0);
+        if (name.isEmpty())
+            continue;
+        const auto error = notebook->problem();
+        const QString problem = error ? error->localizedDescription() : QString();
+        // One that cannot be read would end an import of all the others.
+        insertObjectInNotebooksAtIndex(
+            {name, problem.isEmpty(), notebook, notebook->numberOfNotes(), problem}, 0);
     }
     setShowProgressIndicator(false);
     setStatusMessage({});
@@ -184,19 +190,16 @@ void AppDelegate::startImport()
 
 void AppDelegate::importENEXFile()
 {
-    auto* const panel = new QFileDialog(m_window.get(), localizedString("Import ENEX File"));
-    panel->setObjectName(QStringLiteral("openPanel"));
+    auto* const panel = new EnexOpenPanel(m_window.get());
     panel->setAttribute(Qt::WA_DeleteOnClose);
-    panel->setFileMode(QFileDialog::ExistingFile);
-    panel->setNameFilter(
-        localizedString("Evernote export files (%1)").arg(QStringLiteral("*.enex")));
-    panel->setWindowModality(Qt::WindowModal);
     QObject::connect(panel, &QFileDialog::accepted, m_timerContext.get(), [this, panel] {
         const QList<QUrl> chosen = panel->selectedUrls();
+        const auto modernFiles = panel->modernFiles(chosen.value(0));
         // The panel is still closing; a sheet in its place must wait for that.
-        QTimer::singleShot(0, m_timerContext.get(), [this, chosen] {
+        QTimer::singleShot(0, m_timerContext.get(), [this, chosen, modernFiles] {
             m_waitingFiles = chosen;
             m_outcomes.clear();
+            exportPanel().setModernFiles(modernFiles);
             importNextFile();
         });
     });
@@ -217,6 +220,12 @@ void AppDelegate::openURLs(const QList<QUrl>& urls)
             *m_window);
         return;
     }
+    // Nobody was asked, so a file is what it shows itself to be, unless the person has decided it
+    // for all files.
+    using ModernFiles = EvernoteXMLFileExportOperation::ModernFiles;
+    const bool isDecided =
+        platform::UserDefaults::standard().objectForKey(QStringLiteral("ModernENEX")).isValid();
+    exportPanel().setModernFiles(isDecided ? ModernFiles::BySetting : ModernFiles::Recognized);
     importNextFile();
 }
 

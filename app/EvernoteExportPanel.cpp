@@ -65,6 +65,7 @@ bool EvernoteExportPanel::showSheetOnWindowToExportFromFile(QWidget& parentWindo
     beginSheet(parentWindow, file.fileName(), std::move(completionHandler));
     const auto run = std::make_shared<EvernoteXMLFileExportOperation>();
     run->setExportFileURL(file);
+    run->setModernFiles(m_modernFiles);
     run->setDelegate(this);
     start(run);
     return true;

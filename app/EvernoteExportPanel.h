@@ -5,6 +5,7 @@
 #include "app/ImportOutcome.h"
 #include "app/RunLock.h"
 #include "import/EvernoteExportOperation.h"
+#include "import/EvernoteXMLFileExportOperation.h"
 #include "platform/operations/OperationQueue.h"
 
 #include <QPointer>
@@ -36,6 +37,12 @@ public:
     // Starts an import of an ENEX file. False, after an alert, while another process imports.
     bool showSheetOnWindowToExportFromFile(QWidget& parentWindow, const QUrl& file,
                                            CompletionHandler completionHandler);
+
+    // How the next file is read, when it is of today's Evernote.
+    void setModernFiles(EvernoteXMLFileExportOperation::ModernFiles modernFiles)
+    {
+        m_modernFiles = modernFiles;
+    }
 
     // Asks the run to stop. What it has queued elsewhere goes on to its end; the sheet stays until
     // the run reports.
@@ -97,6 +104,8 @@ private:
     quint64 m_value = 0;
     quint64 m_maximum = 0;
 
+    EvernoteXMLFileExportOperation::ModernFiles m_modernFiles =
+        EvernoteXMLFileExportOperation::ModernFiles::BySetting;
     RunLock m_lock;
     ImportOutcome m_outcome;
     bool m_sheetIsShown = false;

@@ -22,4 +22,9 @@ struct ImportOutcome {
     QString logPath;
 
     [[nodiscard]] quint64 importedItems() const { return end == End::Imported ? report.items : 0; }
+    // What became of all that the notes held; nothing of a run that did not import them.
+    [[nodiscard]] NoteCounts importedCounts() const
+    {
+        return end == End::Imported ? report.counts : NoteCounts();
+    }
 };

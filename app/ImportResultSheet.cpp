@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ImportResultSheet.h"
 
+#include "app/ContentSummary.h"
 #include "platform/core/LocalizedStrings.h"
 
 #include <QCoreApplication>
@@ -37,6 +38,7 @@ struct Totals {
     quint64 imported = 0;
     quint64 skipped = 0;
     quint64 changed = 0;
+    quint64 remarks = 0;
     quint64 failedRuns = 0;
 };
 
@@ -47,6 +49,7 @@ Totals totalsOf(const std::vector<ImportOutcome>& outcomes)
         totals.imported += outcome.importedItems();
         totals.skipped += outcome.report.skipped.size();
         totals.changed += outcome.report.warnings.size();
+        totals.remarks += static_cast<quint64>(outcome.report.remarks.size());
         totals.failedRuns += outcome.end == ImportOutcome::End::Failed ? 1 : 0;
     }
     return totals;
@@ -67,6 +70,8 @@ QStringList summary(const Totals& totals)
         sentences += localizedString("Some notes may be missing; the log tells more.");
     if (totals.skipped > 0)
         sentences += counted("%Ln notes were skipped.", totals.skipped);
+    if (totals.remarks > 0)
+        sentences += localizedString("Not everything that the files hold came across.");
     if (totals.changed > 0)
         sentences += counted("There are %Ln remarks on notes that came across.", totals.changed);
     if (sentences.isEmpty() && totals.imported > 0)
@@ -128,6 +133,11 @@ ImportResultSheet::ImportResultSheet(QWidget& window, const std::vector<ImportOu
     layout->setContentsMargins(margin, margin, margin, margin);
     layout->addWidget(heading);
     layout->addWidget(text);
+    auto* const counts = new QLabel(contentSummary(outcomes).join(QLatin1Char('\n')), this);
+    counts->setObjectName(QStringLiteral("contentCounts"));
+    counts->setTextFormat(Qt::PlainText);
+    counts->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    layout->addWidget(counts);
     if (QTableWidget* const table = newTable(outcomes))
         layout->addWidget(table, 1);
     QString logPath;
@@ -158,6 +168,15 @@ QTableWidget* ImportResultSheet::newTable(const std::vector<ImportOutcome>& outc
         for (const ImportReport::SkippedNote& note : outcome.report.skipped)
             addRow(QStyle::SP_MessageBoxWarning, localizedString("Skipped"),
                    titleOr(note.title, untitled), reasonOf(note.error));
+    }
+    for (const ImportOutcome& outcome : outcomes) {
+        for (const QString& remark : outcome.report.remarks)
+            addRow(QStyle::SP_MessageBoxWarning, localizedString("Remark"), outcome.source, remark);
+        if (outcome.report.isRecognizedAsModern)
+            addRow(QStyle::SP_MessageBoxInformation, localizedString("Remark"), outcome.source,
+                   localizedString("The file is of today's Evernote and was read whole, so that "
+                                   "its dates, tags and tasks came across. The options can turn "
+                                   "that off."));
     }
     for (const ImportOutcome& outcome : outcomes) {
         for (const ImportReport::Warning& warning : outcome.report.warnings)

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/EmbeddedLibrary.h"
 #include "app/EnexFiles.h"
 #include "app/MainWindow.h"
+#include "app/QuilleryConnection.h"
 #include "app/Translations.h"
+#include "exports/EvernoteExportsFolder.h"
+#include "exports/FindEvernote.h"
 #include "platform/core/Bundle.h"
 #include "platform/core/LocalizedStrings.h"
-#include "platform/scripting/EmbeddedScriptingBridge.h"
-#include "platform/scripting/QuilleryLibraryFolder.h"
 #include "resources/Resources.h"
 
 #include <QApplication>
@@ -21,11 +21,19 @@ namespace {
 Environment standardEnvironment()
 {
     Environment environment;
-    environment.libraryFolder = &embeddedLibraryFolder;
-    environment.scriptingBridge = [] {
-        return std::make_shared<platform::EmbeddedScriptingBridge>(
-            std::make_shared<platform::QuilleryLibraryFolder>(embeddedLibraryFolder()));
+    const auto quillery = std::make_shared<QuilleryConnection>();
+    environment.libraryFolder = [quillery] {
+        return quillery->libraryFolder();
     };
+    environment.scriptingBridge = [quillery] {
+        return quillery->newBridge();
+    };
+    // Without any Evernote the window is there for files alone.
+    if (const auto evernote = findEvernote()) {
+        environment.evernote = &findEvernote;
+        if (const auto* const folder = dynamic_cast<const EvernoteExportsFolder*>(evernote.get()))
+            environment.exportsFolder = folder->directory();
+    }
     environment.beep = &QApplication::beep;
     environment.openURL = &QDesktopServices::openUrl;
     return environment;

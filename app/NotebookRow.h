@@ -15,4 +15,6 @@ struct NotebookRow {
     std::shared_ptr<platform::EvernoteNotebook> notebook;
     // When the notebooks were listed.
     quint64 numberOfNotes = 0;
+    // Why the notebook cannot be read; empty for one that can.
+    QString problem;
 };

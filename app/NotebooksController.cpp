@@ -1,6 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "app/NotebooksController.h"
 
+namespace {
+
+// Such a notebook would end an import of all: it is checked by itself, or not at all.
+bool isUnreadable(const NotebookRow& row)
+{
+    return !row.problem.isEmpty();
+}
+
+} // namespace
+
 NotebooksController::NotebooksController(NotebooksModel& notebooks)
     : m_notebooks(notebooks)
 {
@@ -34,7 +44,8 @@ std::vector<NotebookRow> NotebooksController::arrangedObjects() const
 
 Qt::CheckState NotebooksController::importState() const
 {
-    const std::vector<NotebookRow> shown = arrangedObjects();
+    std::vector<NotebookRow> shown = arrangedObjects();
+    std::erase_if(shown, isUnreadable);
     const auto checked = std::count_if(shown.begin(), shown.end(),
                                        [](const NotebookRow& row) { return row.import; });
     if (checked == 0)
@@ -45,9 +56,12 @@ Qt::CheckState NotebooksController::importState() const
 
 void NotebooksController::setImportOfShown(bool import)
 {
-    for (int row = 0; row < rowCount(); ++row)
-        setData(index(row, NotebooksModel::ImportColumn), import ? Qt::Checked : Qt::Unchecked,
+    const std::vector<NotebookRow> shown = arrangedObjects();
+    for (int row = 0; row < rowCount(); ++row) {
+        const bool checks = import && !isUnreadable(shown[static_cast<std::size_t>(row)]);
+        setData(index(row, NotebooksModel::ImportColumn), checks ? Qt::Checked : Qt::Unchecked,
                 Qt::CheckStateRole);
+    }
 }
 
 std::vector<NotebookRow> NotebooksController::selectedObjects() const

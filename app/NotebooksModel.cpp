@@ -65,10 +65,17 @@ QVariant NotebooksModel::data(const QModelIndex& index, int role) const
             return localizedString("Import “%1”").arg(row.name);
         return {};
     case NameColumn:
-        return role == Qt::DisplayRole || role == Qt::ToolTipRole ? QVariant(row.name) : QVariant();
-    case NumberOfNotesColumn:
         if (role == Qt::DisplayRole)
-            return QLocale().toString(row.numberOfNotes);
+            return row.problem.isEmpty() ? row.name
+                                         : localizedString("%1 (cannot be read)").arg(row.name);
+        if (role == Qt::ToolTipRole ||
+            (role == Qt::AccessibleDescriptionRole && !row.problem.isEmpty()))
+            return row.problem.isEmpty() ? row.name : row.problem;
+        return {};
+    case NumberOfNotesColumn:
+        // What was counted before the place that cannot be read says nothing.
+        if (role == Qt::DisplayRole)
+            return row.problem.isEmpty() ? QLocale().toString(row.numberOfNotes) : QString();
         if (role == Qt::TextAlignmentRole)
             return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
         return {};

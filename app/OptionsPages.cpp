@@ -3,11 +3,12 @@
 
 #include "app/ColorButton.h"
 #include "app/ColorSetting.h"
-#include "app/EmbeddedLibrary.h"
 #include "app/NoteFontField.h"
+#include "exports/EvernoteExportsFolder.h"
 #include "platform/attributedtext/Font.h"
 #include "platform/core/LocalizedStrings.h"
 #include "platform/defaults/UserDefaults.h"
+#include "platform/scripting/EmbeddedLibrary.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -28,6 +29,7 @@ constexpr int largestScale = 400;    // per cent
 
 ImportOptionsPage::ImportOptionsPage()
 {
+    addExportsFolder();
     addLibraryFolder();
     addSwitch("QLPrefixExportedTags", localizedString("Only marked words in comments are tags"),
               localizedString("Words are marked by @ or &, and by the characters below. Otherwise "
@@ -43,18 +45,37 @@ ImportOptionsPage::ImportOptionsPage()
                   "Everything that is made of each note stands in the log of the next import."));
 }
 
+void ImportOptionsPage::addExportsFolder()
+{
+    auto* const choose = new QPushButton(localizedString("C&hoose Folder..."), this);
+    choose->setObjectName(QStringLiteral("chooseExportsFolder"));
+    addFolder("EvernoteExportsFolder", *choose, localizedString("Exports folder:"),
+              EvernoteExportsFolder::defaultDirectory(),
+              localizedString("On a machine without Evernote its ENEX files are listed as "
+                              "notebooks, from the next start on."),
+              localizedString("Exports Folder"));
+}
+
 void ImportOptionsPage::addLibraryFolder()
 {
-    const QString key = QStringLiteral("QuilleryLibraryFolder");
     auto* const choose = new QPushButton(localizedString("Choose &Folder..."), this);
     choose->setObjectName(QStringLiteral("chooseLibraryFolder"));
-    choose->setAutoDefault(false);
+    addFolder("QuilleryLibraryFolder", *choose, localizedString("Library folder:"),
+              platform::defaultEmbeddedLibraryFolder(),
+              localizedString("Notes go here on a machine without Quillery."),
+              localizedString("Library Folder"));
+}
+
+void ImportOptionsPage::addFolder(const char* key, QPushButton& choose, const QString& label,
+                                  const QString& byDefault, const QString& explanation,
+                                  const QString& panelTitle)
+{
+    choose.setAutoDefault(false);
     QLineEdit* const field =
-        addText("QuilleryLibraryFolder", localizedString("Library folder:"),
-                QDir::toNativeSeparators(defaultEmbeddedLibraryFolder()),
-                localizedString("Notes go here on a machine without Quillery."), choose);
-    connect(choose, &QPushButton::clicked, this, [this, key, field] {
-        auto* const panel = new QFileDialog(window(), localizedString("Library Folder"));
+        addText(key, label, QDir::toNativeSeparators(byDefault), explanation, &choose);
+    const QString name = QLatin1String(key);
+    connect(&choose, &QPushButton::clicked, this, [this, name, field, panelTitle] {
+        auto* const panel = new QFileDialog(window(), panelTitle);
         panel->setAttribute(Qt::WA_DeleteOnClose);
         panel->setObjectName(QStringLiteral("folderPanel"));
         panel->setFileMode(QFileDialog::Directory);
@@ -62,9 +83,28 @@ void ImportOptionsPage::addLibraryFolder()
         panel->setDirectory(field->text().isEmpty() ? QDir::homePath() : field->text());
         panel->setWindowModality(Qt::WindowModal);
         connect(panel, &QFileDialog::fileSelected, this,
-                [this, key](const QString& path) { changeSetting(key, path); });
+                [this, name](const QString& path) { changeSetting(name, path); });
         panel->open();
     });
+}
+
+FileOptionsPage::FileOptionsPage()
+{
+    addSwitch("ModernENEX", localizedString("Read files of today's Evernote whole"),
+              localizedString("Evernote 10 and later write ENEX files in a new way. Read as they "
+                              "stand, such files lose dates and tasks, and tags gain empty "
+                              "entries. Files that are dropped on the window are recognized "
+                              "as long as nothing is chosen here."));
+    addSwitch("TimestampsInUTC", localizedString("Times in ENEX files are in UTC"),
+              localizedString("That is what Evernote means by them. Otherwise they are taken for "
+                              "the time on the clock."));
+    addSwitch("ResolveNoteLinks", localizedString("Links between notes lead to the imported notes"),
+              localizedString("A link is changed where its text is the title of exactly one note "
+                              "of the file. All others keep leading to Evernote."));
+    addSwitch("KeepUnreferencedAttachments",
+              localizedString("Keep attachments that a note's text does not show"),
+              localizedString("They are added at the note's end. A web clip with such a document "
+                              "becomes a note."));
 }
 
 NoteOptionsPage::NoteOptionsPage()

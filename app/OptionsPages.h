@@ -3,6 +3,8 @@
 
 #include "app/OptionsPage.h"
 
+class QPushButton;
+
 // Where notes go, how they are fetched, and what is logged.
 class ImportOptionsPage : public OptionsPage {
 public:
@@ -10,6 +12,16 @@ public:
 
 private:
     void addLibraryFolder();
+    void addExportsFolder();
+    // A folder that can be typed, or chosen with the button.
+    void addFolder(const char* key, QPushButton& choose, const QString& label,
+                   const QString& byDefault, const QString& explanation, const QString& panelTitle);
+};
+
+// How ENEX files are read.
+class FileOptionsPage : public OptionsPage {
+public:
+    FileOptionsPage();
 };
 
 // How imported notes look.

@@ -27,6 +27,7 @@ OptionsSheet::OptionsSheet(QWidget& window, std::function<void()> close)
     addPage(new ImportOptionsPage, localizedString("&Import"));
     addPage(new NoteOptionsPage, localizedString("&Notes"));
     addPage(new WebOptionsPage, localizedString("&Web Pages"));
+    addPage(new FileOptionsPage, localizedString("&ENEX Files"));
 
     auto* const restore = new QPushButton(localizedString("&Restore Defaults"), this);
     restore->setObjectName(QStringLiteral("restoreDefaults"));

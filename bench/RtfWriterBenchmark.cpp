@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
-// Writing the rich text of a note: plain ASCII, many runs, and characters that need escapes.
-#include "platform/rtfd/RtfWriter.h"
-
+// Writing the rich text of a note: plain ASCII, many runs, characters that need escapes, and the texts
+// of real notes.
+#include "bench/corpus/CorpusPages.h"
 #include "bench/generator/Random.h"
+#include "platform/htmlimport/HtmlImport.h"
+#include "platform/rtfd/RtfWriter.h"
 
 #include <benchmark/benchmark.h>
 
 namespace {
 
 constexpr int runCount = 400;
+
+using Texts = std::vector<platform::AttributedString>;
 
 platform::AttributedString richText(QStringView words, bool isVaried)
 {
@@ -31,17 +35,36 @@ platform::AttributedString richText(QStringView words, bool isVaried)
     return text;
 }
 
-void write(benchmark::State& state, QStringView words, bool isVaried)
+Texts corpusTexts()
 {
-    const platform::AttributedString text = richText(words, isVaried);
+    Texts texts;
+    for (const QByteArray& page : bench::corpusPages()) {
+        if (auto text = platform::attributedStringFromHtml(page, {}))
+            texts.push_back(std::move(*text));
+    }
+    return texts;
+}
+
+// Bytes are those that come out.
+void write(benchmark::State& state, const Texts& texts)
+{
+    if (texts.empty()) {
+        state.SkipWithError("there are no texts");
+        return;
+    }
     qint64 bytes = 0;
-    for (auto _ : state)
-        bytes += platform::rtfFromAttributedString(text).size();
+    for (auto _ : state) {
+        for (const platform::AttributedString& text : texts)
+            bytes += platform::rtfFromAttributedString(text).size();
+    }
     state.SetBytesProcessed(bytes);
 }
 
-BENCHMARK_CAPTURE(write, one_run, u"The lamp in the window counts the evenings.\n", false);
-BENCHMARK_CAPTURE(write, many_runs, u"The lamp in the window counts the evenings.\n", true);
-BENCHMARK_CAPTURE(write, escapes, u"日本語のメモ。Привет 👋 Grüße.\n", true);
+BENCHMARK_CAPTURE(write, one_run,
+                  Texts{richText(u"The lamp in the window counts the evenings.\n", false)});
+BENCHMARK_CAPTURE(write, many_runs,
+                  Texts{richText(u"The lamp in the window counts the evenings.\n", true)});
+BENCHMARK_CAPTURE(write, escapes, Texts{richText(u"日本語のメモ。Привет 👋 Grüße.\n", true)});
+BENCHMARK_CAPTURE(write, corpus, corpusTexts());
 
 } // namespace

@@ -16,8 +16,8 @@ using platform::XMLElement;
 
 namespace {
 
-// The name as a relative address. Most names are their own; only what a browser would take for a part of an
-// address, for an escape or for nothing at all is escaped.
+// The name as a relative address. Most names are their own; only what a browser would take for a
+// part of an address, for an escape or for nothing at all is escaped.
 QString relativeAddress(const QString& fileName)
 {
     QString address;
@@ -25,7 +25,8 @@ QString relativeAddress(const QString& fileName)
         const ushort code = unit.unicode();
         const bool isControl = code < 0x20 || code == 0x7F;
         if (isControl || QStringView(u"%#?:\\").contains(unit))
-            address += QLatin1Char('%') + QStringLiteral("%1").arg(code, 2, 16, QLatin1Char('0')).toUpper();
+            address += QLatin1Char('%') +
+                       QStringLiteral("%1").arg(code, 2, 16, QLatin1Char('0')).toUpper();
         else
             address += unit;
     }
@@ -37,11 +38,11 @@ QString relativeAddress(const QString& fileName)
 
 } // namespace
 
-ENMLRewriting::ENMLRewriting(const EvernoteXMLNote& note, const QUrl& folder, ImageSource imageSource)
+ENMLRewriting::ENMLRewriting(const EvernoteXMLNote& note, const QUrl& folder,
+                             ImageSource imageSource)
     : m_note(note)
     , m_folder(folder)
     , m_imageSource(imageSource)
-    , m_freeNames(folder)
 {
 }
 
@@ -50,36 +51,46 @@ std::optional<QString> ENMLRewriting::xhtmlString(const XMLElement& noteElement,
     QString markup = noteElement.xmlString();
     markup.remove(QStringLiteral("<en-note>"));
     markup.remove(QStringLiteral("</en-note>"));
-    const ENMLTagReplacement media{QStringLiteral("<en-media "), QStringLiteral("/>"), QStringLiteral("</en-media>"),
-                                   localizedString("Invalid media tag."),
-                                   [this](const XMLElement& tag, Error* tagError) {
-                                       return replacementForMedia(tag, tagError);
-                                   }};
+    const ENMLTagReplacement media{
+        QStringLiteral("<en-media "), QStringLiteral("/>"), QStringLiteral("</en-media>"),
+        localizedString("Invalid media tag."), [this](const XMLElement& tag, Error* tagError) {
+            return replacementForMedia(tag, tagError);
+        }};
     return media.applyTo(markup, error);
 }
 
 std::optional<QString> ENMLRewriting::noteXHTMLString(const XMLElement& noteElement, Error* error)
 {
+    const std::optional<QString> body = noteBodyString(noteElement, error);
+    return body ? pageFromTemplate(m_note.title(), *body, error) : std::nullopt;
+}
+
+std::optional<QString> ENMLRewriting::noteBodyString(const XMLElement& noteElement, Error* error)
+{
     std::optional<QString> body = xhtmlString(noteElement, error);
     if (!body)
         return std::nullopt;
-    const ENMLTagReplacement todo{QStringLiteral("<en-todo"), QStringLiteral("/en-todo>"), {},
-                                  localizedString("Invalid todo tag."), [](const XMLElement& tag, Error*) {
-                                      const bool checked = tag.attribute(u"checked") == QLatin1String("true");
-                                      return checked ? checklist::checkedBoxText : checklist::uncheckedBoxText;
-                                  }};
+    const ENMLTagReplacement todo{
+        QStringLiteral("<en-todo"),
+        QStringLiteral("/en-todo>"),
+        {},
+        localizedString("Invalid todo tag."),
+        [](const XMLElement& tag, Error*) {
+            const bool checked = tag.attribute(u"checked") == QLatin1String("true");
+            return checked ? checklist::checkedBoxText : checklist::uncheckedBoxText;
+        }};
     body = todo.applyTo(*body, error);
     if (!body)
         return std::nullopt;
-    const ENMLTagReplacement crypt{QStringLiteral("<en-crypt"), QStringLiteral("</en-crypt>"), {},
-                                   localizedString("Invalid crypt tag."), [this](const XMLElement&, Error*) {
+    const ENMLTagReplacement crypt{QStringLiteral("<en-crypt"),
+                                   QStringLiteral("</en-crypt>"),
+                                   {},
+                                   localizedString("Invalid crypt tag."),
+                                   [this](const XMLElement&, Error*) {
                                        ++m_encryptedPassages;
                                        return QStringLiteral("********");
                                    }};
-    body = crypt.applyTo(*body, error);
-    if (!body)
-        return std::nullopt;
-    return pageFromTemplate(m_note.title(), *body, error);
+    return crypt.applyTo(*body, error);
 }
 
 std::optional<QString> ENMLRewriting::replacementForMedia(const XMLElement& tag, Error* error)
@@ -96,38 +107,50 @@ std::optional<QString> ENMLRewriting::replacementForMedia(const XMLElement& tag,
     const std::optional<QString> path = platform::pathWithin(m_folder.toLocalFile(), name, error);
     if (!path || !resource->writeToURL(QUrl::fromLocalFile(*path), error))
         return std::nullopt;
-    m_fileNames += name;
-    if (!platform::typeConformsTo(type, QStringLiteral("public.image"))) {
-        // Escaped for the page, so that the name comes out of it as it is. A carriage return written as itself
-        // would be read as a line feed.
-        const QString escaped = name.toHtmlEscaped().replace(QLatin1Char('\r'), QLatin1String("&#13;"));
-        return QStringLiteral("%1 %2 %3").arg(attachmentmarker::head, escaped, attachmentmarker::tail);
-    }
+    m_files.insert(name, *tag.attribute(u"hash"));
+    if (!platform::typeConformsTo(type, QStringLiteral("public.image")))
+        return markupForFile(name);
     XMLElement image = XMLElement::create(QStringLiteral("img"));
     for (const QStringView dimension : {QStringView(u"width"), QStringView(u"height")}) {
         if (const std::optional<QString> value = tag.attribute(dimension))
             image.setAttribute(dimension, *value);
     }
-    image.setAttribute(u"src", m_imageSource == ImageSource::FileName ? name : relativeAddress(name));
+    image.setAttribute(u"src", addressOf(name));
     return image.xmlString();
 }
 
-std::shared_ptr<EvernoteXMLResource> ENMLRewriting::resourceWithHash(const std::optional<QString>& hash)
+QString ENMLRewriting::addressOf(const QString& fileName) const
+{
+    return m_imageSource == ImageSource::FileName ? fileName : relativeAddress(fileName);
+}
+
+QString ENMLRewriting::markupForFile(const QString& fileName) const
+{
+    // Escaped for the page, so that the name comes out of it as it is. A carriage return written as
+    // itself would be read as a line feed.
+    const QString escaped =
+        fileName.toHtmlEscaped().replace(QLatin1Char('\r'), QLatin1String("&#13;"));
+    return QStringLiteral("%1 %2 %3").arg(attachmentmarker::head, escaped, attachmentmarker::tail);
+}
+
+std::shared_ptr<EvernoteXMLResource>
+ENMLRewriting::resourceWithHash(const std::optional<QString>& hash)
 {
     if (!hash)
         return nullptr;
-    if (!m_hashes) {
-        m_hashes.emplace();
+    if (!m_resources) {
+        m_resources.emplace();
         for (const auto& resource : m_note.resources()) {
             Error hashError;
             const std::optional<QString> resourceHash = resource->md5Hash(&hashError);
             if (!resourceHash)
-                platform::systemLog(QStringLiteral("Couldn't get hash: %1").arg(hashError.description()));
-            *m_hashes += resourceHash.value_or(QString());
+                platform::systemLog(
+                    QStringLiteral("Couldn't get hash: %1").arg(hashError.description()));
+            else if (!m_resources->contains(*resourceHash))
+                m_resources->insert(*resourceHash, resource);
         }
     }
-    const qsizetype index = hash->isEmpty() ? -1 : m_hashes->indexOf(*hash);
-    return index < 0 ? nullptr : m_note.resources()[static_cast<std::size_t>(index)];
+    return m_resources->value(*hash);
 }
 
 QString ENMLRewriting::fileNameFor(const EvernoteXMLResource& resource, const QString& type)
@@ -138,10 +161,10 @@ QString ENMLRewriting::fileNameFor(const EvernoteXMLResource& resource, const QS
         if (const std::optional<QString> extension = platform::preferredExtensionForType(type))
             name += QLatin1Char('.') + *extension;
     }
-    return m_freeNames.freeName(name);
+    return freeFileName(name);
 }
 
-QStringList ENMLRewriting::warnings() const
+QStringList ENMLRewriting::bodyWarnings() const
 {
     QStringList texts;
     if (m_missingAttachments > 0) {
@@ -149,14 +172,23 @@ QStringList ENMLRewriting::warnings() const
                      .arg(m_missingAttachments);
     }
     if (m_encryptedPassages > 0) {
-        texts += localizedString("Encrypted passages, which cannot be read: %1. Asterisks stand in their place.")
-                     .arg(m_encryptedPassages);
+        texts +=
+            localizedString(
+                "Encrypted passages, which cannot be read: %1. Asterisks stand in their place.")
+                .arg(m_encryptedPassages);
     }
+    return texts;
+}
+
+QStringList ENMLRewriting::warnings() const
+{
+    QStringList texts = bodyWarnings();
     for (const auto& resource : m_note.resources()) {
         const std::optional<QString> hash = resource->md5Hash();
         if (!hash || !m_shownHashes.contains(*hash)) {
             const QString& name = resource->attributes().filename();
-            texts += localizedString("The note's text does not show the attachment “%1”; it was left out.")
+            texts += localizedString(
+                         "The note's text does not show the attachment “%1”; it was left out.")
                          .arg(name.isEmpty() ? resource->mime() : name);
         }
     }

@@ -9,8 +9,8 @@ using platform::Error;
 
 namespace {
 
-// The text as replaced so far, and whether a closer stands in it. Each part is looked at once, so that a page
-// with thousands of tags takes time in proportion to its length.
+// The text as replaced so far, and where the first closer in it ends. Each part is looked at once,
+// so that a page with thousands of tags takes time in proportion to its length.
 class ReplacedText {
 public:
     explicit ReplacedText(const QString& closer)
@@ -22,17 +22,21 @@ public:
     {
         const qsizetype from = std::max<qsizetype>(0, m_text.size() - m_closer.size());
         m_text += part;
-        if (!m_holdsCloser && !m_closer.isEmpty())
-            m_holdsCloser = m_text.indexOf(m_closer, from) >= 0;
+        if (m_closerEnd >= 0 || m_closer.isEmpty())
+            return;
+        const qsizetype found = m_text.indexOf(m_closer, from);
+        if (found >= 0)
+            m_closerEnd = found + m_closer.size();
     }
 
-    [[nodiscard]] bool holdsCloser() const { return m_holdsCloser; }
+    // -1 where there is none.
+    [[nodiscard]] qsizetype closerEnd() const { return m_closerEnd; }
     [[nodiscard]] const QString& text() const { return m_text; }
 
 private:
     QString m_closer;
     QString m_text;
-    bool m_holdsCloser = false;
+    qsizetype m_closerEnd = -1;
 };
 
 } // namespace
@@ -57,19 +61,21 @@ std::optional<QString> ENMLTagReplacement::applyTo(const QString& text, Error* e
                 end = found + closer.size();
         }
         if (end < 0 && !closerAnywhere.isEmpty()) {
-            if (replaced.holdsCloser())
-                throw std::out_of_range("the end of a tag stands before its beginning");
             const qsizetype found = text.indexOf(closerAnywhere, start);
-            if (found >= 0)
+            if (replaced.closerEnd() == replaced.text().size())
+                end = start; // right before the tag, it leaves nothing that could be read as one
+            else if (replaced.closerEnd() >= 0)
+                throw std::out_of_range("the end of a tag stands before its beginning");
+            else if (found >= 0)
                 end = found + closerAnywhere.size();
         }
         if (end < 0) {
-            platform::setError(error,
-                               Error(evernoteXMLItemErrorDomain, EvernoteXMLItemErrorMalformedTag, invalidTagText));
+            platform::setError(error, Error(evernoteXMLItemErrorDomain,
+                                            EvernoteXMLItemErrorMalformedTag, invalidTagText));
             return std::nullopt;
         }
-        const std::optional<platform::XMLElement> tag
-            = platform::XMLElement::fromXmlString(QStringView(text).sliced(start, end - start), error);
+        const std::optional<platform::XMLElement> tag = platform::XMLElement::fromXmlString(
+            QStringView(text).sliced(start, end - start), error);
         if (!tag)
             return std::nullopt;
         const std::optional<QString> replacement = replacementForTag(*tag, error);

@@ -2,7 +2,10 @@
 #include "convert/EvernoteXMLItem.h"
 
 #include "convert/ConversionErrors.h"
+#include "convert/ElementWalk.h"
+#include "convert/NoteLinks.h"
 #include "convert/ScratchFolder.h"
+#include "convert/UnshownAttachments.h"
 #include "platform/core/LocalizedStrings.h"
 #include "platform/core/PathUtilities.h"
 #include "platform/core/SystemLog.h"
@@ -16,27 +19,41 @@ using platform::XMLNode;
 using platform::manifest::Record;
 namespace manifest = platform::manifest;
 
-EvernoteXMLItem::EvernoteXMLItem(const QUrl& directoryURL)
+EvernoteXMLItem::EvernoteXMLItem(const QUrl& directoryURL, std::shared_ptr<FreeFileNames> freeNames)
     : EvernoteXMLNote(directoryURL)
+    , m_freeNames(std::move(freeNames))
 {
 }
 
 EvernoteXMLItem::~EvernoteXMLItem() = default;
 
-std::unique_ptr<EvernoteXMLNote> EvernoteXMLItem::make(const QUrl& directoryURL)
+bool EvernoteXMLItem::keepsUnshownAttachments()
 {
-    return std::make_unique<EvernoteXMLItem>(directoryURL);
+    return platform::UserDefaults::standard().boolForKey(
+        QStringLiteral("KeepUnreferencedAttachments"));
+}
+
+EvernoteXMLItem::Factory EvernoteXMLItem::factory()
+{
+    return [freeNames = std::make_shared<FreeFileNames>()](const QUrl& directoryURL) {
+        return std::make_unique<EvernoteXMLItem>(directoryURL, freeNames);
+    };
 }
 
 Record EvernoteXMLItem::itemDictInGroup(const Record& groupDict, Error* error)
 {
     m_groupDict = groupDict;
     Record record = newRecord();
-    const std::optional<XMLElement> element = noteElement(error);
+    std::optional<XMLElement> element = noteElement(error);
     if (!element)
         return nullptr;
-    if (isSingleAttachment(*element) && processSingleResource(record, error))
+    countBody(*element);
+    if (isSingleAttachment(*element) && processSingleResource(record, error)) {
+        counts().shownResources = counts().resources;
         return record;
+    }
+    if (keepsUnshownAttachments())
+        m_unshownAttachments = appendUnshownAttachments(*element, resources());
 
     const QString scratchPath = directoryURL().toLocalFile() + QLatin1Char('/') + identifier();
     m_intermediateHTMLDirectoryURL = QUrl::fromLocalFile(scratchPath);
@@ -48,6 +65,8 @@ Record EvernoteXMLItem::itemDictInGroup(const Record& groupDict, Error* error)
     if (!file)
         return nullptr;
 
+    counts().leftOutResources =
+        counts().resources - counts().shownResources - counts().keptResources;
     setAttributesOnFile(*file);
     const QString path = file->toLocalFile();
     const QString filename = platform::lastPathComponent(path);
@@ -77,12 +96,13 @@ Record EvernoteXMLItem::newRecord() const
 
 std::optional<XMLElement> EvernoteXMLItem::noteElement(Error* error)
 {
-    const std::optional<platform::XMLDocument> document
-        = platform::XMLDocument::fromData(contentData(), platform::XMLDocument::Tidy::Yes, error);
+    const std::optional<platform::XMLDocument> document =
+        platform::XMLDocument::fromData(contentData(), platform::XMLDocument::Tidy::Yes, error);
     if (!document)
         return std::nullopt;
     if (document->wasRepaired())
-        addWarning(platform::localizedString("The note's markup was malformed and has been repaired."));
+        addWarning(
+            platform::localizedString("The note's markup was malformed and has been repaired."));
     const QString name = QStringLiteral("en-note");
     if (const std::optional<XMLElement> found = document->rootElementNamed(name))
         return found;
@@ -91,6 +111,22 @@ std::optional<XMLElement> EvernoteXMLItem::noteElement(Error* error)
     root.detach();
     element.addChild(root);
     return element;
+}
+
+void EvernoteXMLItem::countBody(const XMLElement& body)
+{
+    // Most notes have neither, and need no walk.
+    if (contentData().contains("evernote:")) {
+        const NoteLinks links = resolveNoteLinks(body, linkTargets().get());
+        counts().links = links.count;
+        counts().resolvedLinks = static_cast<quint64>(links.resolved.size());
+        setLinkedNotes(links.resolved);
+    }
+    if (contentData().contains("en-crypt")) {
+        forEachElement(body, [this](const XMLElement& element) {
+            counts().encryptedPassages += element.name() == QLatin1String("en-crypt") ? 1 : 0;
+        });
+    }
 }
 
 bool EvernoteXMLItem::isSingleAttachment(const XMLElement& element) const
@@ -116,10 +152,12 @@ bool EvernoteXMLItem::isSingleAttachment(const XMLElement& element) const
 
 bool EvernoteXMLItem::isWebClip() const
 {
-    return noteAttributes().source() == QLatin1String("web.clip") && !noteAttributes().sourceURL().isEmpty();
+    return noteAttributes().source() == QLatin1String("web.clip") &&
+           !noteAttributes().sourceURL().isEmpty();
 }
 
-std::optional<QUrl> EvernoteXMLItem::writeFile(const XMLElement& element, QVariantMap& record, Error* error)
+std::optional<QUrl> EvernoteXMLItem::writeFile(const XMLElement& element, QVariantMap& record,
+                                               Error* error)
 {
     if (isWebClip())
         return writeWebClip(element, record, error);
@@ -127,16 +165,20 @@ std::optional<QUrl> EvernoteXMLItem::writeFile(const XMLElement& element, QVaria
     return createNoteForElement(element, error);
 }
 
-std::optional<QUrl> EvernoteXMLItem::writeWebClip(const XMLElement& element, QVariantMap& record, Error* error)
+std::optional<QUrl> EvernoteXMLItem::writeWebClip(const XMLElement& element, QVariantMap& record,
+                                                  Error* error)
 {
     record.insert(manifest::itemTypeKey, EvernoteXMLItemTypeWebPage);
-    const bool refreshing = platform::UserDefaults::standard().boolForKey(QStringLiteral("ReloadFromWeb"));
+    const bool refreshing =
+        platform::UserDefaults::standard().boolForKey(QStringLiteral("ReloadFromWeb"));
     Error failure;
     std::optional<QUrl> file = createWebArchiveForElement(element, refreshing, &failure);
     if (!file && refreshing) {
         platform::systemLog(
-            QStringLiteral("Refreshing web clipping from web failed, retrying with original data. Failure: %1")
-                .arg(failure.description()));
+            QStringLiteral(
+                "Refreshing web clipping from web failed, retrying with original data. Failure: %1")
+                .arg(failure.isNull() ? QStringLiteral("(null)") : failure.description()));
+        failure = Error();
         file = createWebArchiveForElement(element, false, &failure);
     }
     if (file)
@@ -147,7 +189,8 @@ std::optional<QUrl> EvernoteXMLItem::writeWebClip(const XMLElement& element, QVa
         return createNoteForElement(element, error);
     }
     // The caller is told nothing, but who reads the report is.
-    withholdError(failure);
+    if (!failure.isNull())
+        withholdError(failure);
     return std::nullopt;
 }
 
@@ -160,8 +203,10 @@ void EvernoteXMLItem::setAttributesOnFile(const QUrl& file)
     if (!tags().isEmpty())
         values.tagNames = tags();
     if (!platform::setResourceValues(file.toLocalFile(), values)) {
-        platform::systemLog(QStringLiteral("Couldn't set resource values on %1").arg(file.toString()));
-        addWarning(platform::localizedString("The file system does not keep the note's dates or tags on its file."));
+        platform::systemLog(QStringLiteral("Couldn't set resource values on %1")
+                                .arg(QString::fromLatin1(file.toEncoded())));
+        addWarning(platform::localizedString(
+            "The file system does not keep the note's dates or tags on its file."));
     }
 }
 
@@ -190,8 +235,8 @@ std::optional<QString> EvernoteXMLItem::libraryFolderForType(int type)
 QString EvernoteXMLItem::targetFolderForType(int type) const
 {
     const QString folder = directoryURL().toLocalFile();
-    const bool straight
-        = m_groupDict && m_groupDict->value(manifest::groupTypeKey).toInt() == manifest::importedFolderGroupType;
+    const bool straight = m_groupDict && m_groupDict->value(manifest::groupTypeKey).toInt() ==
+                                             manifest::importedFolderGroupType;
     if (straight)
         return folder;
     return folder + QLatin1Char('/') + libraryFolderForType(type).value_or(QString());

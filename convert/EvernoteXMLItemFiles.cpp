@@ -20,13 +20,22 @@ namespace manifest = platform::manifest;
 
 namespace {
 
-// The single attachment's file name: the note's title with the attachment's extension.
-QString singleResourceName(const QString& title, const EvernoteXMLResource& resource)
+// The name of a file of the note's own; a note without a title is kept under a name that shows.
+QString fileName(const QString& title, const QString& extension)
 {
+    const QString name = fileNameFromTitle(title);
+    return (name.isEmpty() ? localizedString("Untitled") : name) + QLatin1Char('.') + extension;
+}
+
+} // namespace
+
+QString EvernoteXMLItem::singleResourceName() const
+{
+    const EvernoteXMLResource& resource = *resources().front();
     const QString& filename = resource.attributes().filename();
     const QString extension = platform::pathExtension(filename);
     // A note without a title would give a name that begins with a dot, which hides the file.
-    const QString shownTitle = title.isEmpty() ? localizedString("Untitled") : title;
+    const QString shownTitle = title().isEmpty() ? localizedString("Untitled") : title();
     QString name = extension.isEmpty() ? filename : shownTitle + QLatin1Char('.') + extension;
     if (!name.isEmpty())
         return name;
@@ -39,22 +48,12 @@ QString singleResourceName(const QString& title, const EvernoteXMLResource& reso
     return name;
 }
 
-// The name of a file of the note's own; a note without a title is kept under a name that shows.
-QString fileName(const QString& title, const QString& extension)
-{
-    const QString name = fileNameFromTitle(title);
-    return (name.isEmpty() ? localizedString("Untitled") : name) + QLatin1Char('.') + extension;
-}
-
-} // namespace
-
 bool EvernoteXMLItem::processSingleResource(const Record& record, Error* error)
 {
     EvernoteXMLResource& resource = *resources().front();
     const EvernoteXMLItemType type = resource.itemType();
     const QString folder = targetFolderForType(type);
-    const QString name
-        = freeFileNameInDirectoryAtURL(singleResourceName(title(), resource), QUrl::fromLocalFile(folder));
+    const QString name = m_freeNames->freeName(singleResourceName(), QUrl::fromLocalFile(folder));
     const std::optional<QString> path = platform::pathWithin(folder, name, error);
     if (!path || !resource.writeToURL(QUrl::fromLocalFile(*path), error))
         return false;
@@ -65,32 +64,76 @@ bool EvernoteXMLItem::processSingleResource(const Record& record, Error* error)
     return true;
 }
 
-std::optional<QString> EvernoteXMLItem::XHTMLStringFromNoteElement(const XMLElement& element, Error* error)
+std::optional<QString> EvernoteXMLItem::XHTMLStringFromNoteElement(const XMLElement& element,
+                                                                   Error* error)
 {
     return ENMLRewriting(*this, m_intermediateHTMLDirectoryURL).xhtmlString(element, error);
 }
 
-std::optional<QString> EvernoteXMLItem::noteXHTMLStringFromNoteElement(const XMLElement& element, Error* error)
+std::optional<QString> EvernoteXMLItem::noteXHTMLStringFromNoteElement(const XMLElement& element,
+                                                                       Error* error)
 {
     ENMLRewriting rewriting(*this, m_intermediateHTMLDirectoryURL);
     std::optional<QString> page = rewriting.noteXHTMLString(element, error);
     if (page) {
         for (const QString& warning : rewriting.warnings())
             addWarning(warning);
-        m_pageFileNames = rewriting.fileNames();
+        m_pageFiles = rewriting.files();
+        countAttachments(rewriting.shownHashes(), rewriting.missingAttachments());
     }
     return page;
 }
 
-void EvernoteXMLItem::warnOfHiddenAttachments(const platform::AttributedString& text)
+void EvernoteXMLItem::countAttachments(const QSet<QString>& shownHashes, quint64 missing)
+{
+    // What was added to the body is shown by it, too; of a page that was loaded again nothing is.
+    counts().keptResources = shownHashes.isEmpty() ? 0 : m_unshownAttachments;
+    counts().shownResources = countOfResources(shownHashes) - counts().keptResources;
+    counts().missingAttachments = missing;
+}
+
+quint64 EvernoteXMLItem::countOfResources(const QSet<QString>& hashes) const
+{
+    if (hashes.isEmpty())
+        return 0;
+    const auto isMeant = [&hashes](const std::shared_ptr<EvernoteXMLResource>& resource) {
+        const std::optional<QString> hash = resource->md5Hash();
+        return hash && hashes.contains(*hash);
+    };
+    return static_cast<quint64>(std::count_if(resources().begin(), resources().end(), isMeant));
+}
+
+bool EvernoteXMLItem::keepHiddenAttachments(platform::AttributedString& text, Error* error)
 {
     const QSet<QString> shown = NoteDocument::attachedFileNames(text);
-    for (const QString& name : std::as_const(m_pageFileNames)) {
-        if (!shown.contains(name)) {
-            addWarning(localizedString("The attachment “%1” stands where the note shows nothing; it was left out.")
-                           .arg(name));
-        }
+    QSet<QString> shownHashes;
+    for (auto file = m_pageFiles.cbegin(); file != m_pageFiles.cend(); ++file) {
+        if (shown.contains(file.key()))
+            shownHashes.insert(file.value());
     }
+    const bool keeps = keepsUnshownAttachments();
+    QSet<QString> hiddenHashes;
+    for (auto file = m_pageFiles.cbegin(); file != m_pageFiles.cend(); ++file) {
+        if (shown.contains(file.key()))
+            continue;
+        if (!keeps) {
+            addWarning(
+                localizedString(
+                    "The attachment “%1” stands where the note shows nothing; it was left out.")
+                    .arg(file.key()));
+        } else if (!shownHashes.contains(file.value()) && !hiddenHashes.contains(file.value())) {
+            NoteDocument::appendAttachmentMarker(text, file.key());
+        }
+        if (!shownHashes.contains(file.value()))
+            hiddenHashes.insert(file.value());
+    }
+    const quint64 hidden = std::min(countOfResources(hiddenHashes), counts().shownResources);
+    counts().shownResources -= hidden;
+    if (!keeps || hiddenHashes.isEmpty())
+        return true;
+    counts().keptResources += hidden;
+    return NoteDocument::replaceAttachmentMarkers(
+        text, m_intermediateHTMLDirectoryURL.toLocalFile(), error);
 }
 
 std::optional<QUrl> EvernoteXMLItem::createNoteForElement(const XMLElement& element, Error* error)
@@ -108,32 +151,43 @@ std::optional<QUrl> EvernoteXMLItem::createNoteForElement(const XMLElement& elem
         addWarning(localizedString("The note's text could not be laid out and is missing: %1")
                        .arg(pageError.localizedDescription()));
     }
-    if (!NoteDocument::replaceAttachmentMarkers(text, scratch, error))
+    if (!NoteDocument::replaceAttachmentMarkers(text, scratch, error) ||
+        !keepHiddenAttachments(text, error))
         return std::nullopt;
-    warnOfHiddenAttachments(text);
     // Clashes are looked for at the top of the import folder, wherever the file goes.
-    const QString name = freeFileNameInDirectoryAtURL(fileName(title(), qlNoteFileExtension), directoryURL());
-    const std::optional<QString> path
-        = platform::pathWithin(targetFolderForType(EvernoteXMLItemTypeNote), name, error);
+    const QString name =
+        m_freeNames->freeName(fileName(title(), qlNoteFileExtension), directoryURL());
+    const std::optional<QString> path =
+        platform::pathWithin(targetFolderForType(EvernoteXMLItemTypeNote), name, error);
     if (!path || !NoteDocument::writeNoteFile(text, *path, error))
         return std::nullopt;
     return QUrl::fromLocalFile(*path);
 }
 
-std::optional<QUrl> EvernoteXMLItem::createWebArchiveForElement(const XMLElement& element, bool refreshingFromWeb,
+std::optional<QUrl> EvernoteXMLItem::createWebArchiveForElement(const XMLElement& element,
+                                                                bool refreshingFromWeb,
                                                                 Error* error)
 {
     WebClip clip(*this, m_intermediateHTMLDirectoryURL);
-    const std::optional<QByteArray> archive
-        = refreshingFromWeb ? clip.archiveFromWeb(error) : clip.archiveFromNoteElement(element, error);
+    const std::optional<QByteArray> archive = refreshingFromWeb
+                                                  ? clip.archiveFromWeb(error)
+                                                  : clip.archiveFromNoteElement(element, error);
     if (!archive)
         return std::nullopt;
     for (const QString& warning : clip.warnings())
         addWarning(warning);
+    countAttachments(clip.shownHashes(), clip.missingAttachments());
+    if (refreshingFromWeb) {
+        // The page has taken the place of the body, and of what stood in it.
+        counts().leftOutTasks += std::exchange(counts().taskLines, 0);
+        counts().resolvedLinks = 0;
+        setLinkedNotes({});
+    }
     // As for notes, clashes are looked for at the top of the import folder alone.
-    const QString name = freeFileNameInDirectoryAtURL(fileName(title(), WebClip::fileExtension), directoryURL());
-    const std::optional<QString> path
-        = platform::pathWithin(targetFolderForType(EvernoteXMLItemTypeWebPage), name, error);
+    const QString name =
+        m_freeNames->freeName(fileName(title(), WebClip::fileExtension), directoryURL());
+    const std::optional<QString> path =
+        platform::pathWithin(targetFolderForType(EvernoteXMLItemTypeWebPage), name, error);
     if (!path || !platform::writeFile(*path, *archive, platform::WriteOption::Plain, error))
         return std::nullopt;
     return QUrl::fromLocalFile(*path);

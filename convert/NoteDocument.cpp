@@ -27,8 +27,8 @@ FileWrapper::Pointer loadAttachment(const QString& folder, const QString& name, 
     const std::optional<QString> path = platform::pathWithin(folder, name, error);
     if (!path)
         return nullptr;
-    FileWrapper::Pointer wrapper
-        = QFileInfo(*path).isDir() ? FileWrapper::read(*path, error) : FileWrapper::fileOnDisk(*path, error);
+    FileWrapper::Pointer wrapper = QFileInfo(*path).isDir() ? FileWrapper::read(*path, error)
+                                                            : FileWrapper::fileOnDisk(*path, error);
     if (wrapper)
         wrapper->setPreferredFilename(name);
     return wrapper;
@@ -41,9 +41,11 @@ Font NoteDocument::bodyFont()
     platform::UserDefaults& defaults = platform::UserDefaults::standard();
     defaults.addSuiteNamed(QStringLiteral("com.brightmoor.Quillery3"));
     defaults.addSuiteNamed(QStringLiteral("com.brightmoor.Quillery3.mac"));
-    const QString name = defaults.stringForKey(QStringLiteral("DefaultNoteFontName")).value_or(QString());
+    const QString name =
+        defaults.stringForKey(QStringLiteral("DefaultNoteFontName")).value_or(QString());
     const float size = defaults.floatForKey(QStringLiteral("DefaultNoteFontSize"));
-    return Font::fontNamed(name, static_cast<double>(size)).value_or(Font::userFont(standardFontSize));
+    return Font::fontNamed(name, static_cast<double>(size))
+        .value_or(Font::userFont(standardFontSize));
 }
 
 AttributedString NoteDocument::textOfPage(const QString& pagePath, Error* error)
@@ -53,8 +55,10 @@ AttributedString NoteDocument::textOfPage(const QString& pagePath, Error* error)
     options.standardFontFamily = font.family;
     options.defaultFontSize = std::trunc(font.size);
     options.baseDirectory = QFileInfo(pagePath).path();
-    options.preservedSpanDelimiters = platform::PreservedSpanDelimiters{attachmentmarker::head, attachmentmarker::tail};
-    return platform::attributedStringFromHtmlFile(pagePath, options, error).value_or(AttributedString());
+    options.preservedSpanDelimiters =
+        platform::PreservedSpanDelimiters{attachmentmarker::head, attachmentmarker::tail};
+    return platform::attributedStringFromHtmlFile(pagePath, options, error)
+        .value_or(AttributedString());
 }
 
 QSet<QString> NoteDocument::attachedFileNames(const AttributedString& text)
@@ -68,25 +72,36 @@ QSet<QString> NoteDocument::attachedFileNames(const AttributedString& text)
     return names;
 }
 
-bool NoteDocument::replaceAttachmentMarkers(AttributedString& text, const QString& folder, Error* error)
+void NoteDocument::appendAttachmentMarker(AttributedString& text, const QString& fileName)
+{
+    const bool isAtLineStart = text.length() == 0 || text.string().endsWith(QLatin1Char('\n'));
+    text.append(AttributedString((isAtLineStart ? QString() : QStringLiteral("\n")) +
+                                 attachmentmarker::head + fileName + attachmentmarker::tail));
+}
+
+bool NoteDocument::replaceAttachmentMarkers(AttributedString& text, const QString& folder,
+                                            Error* error)
 {
     using namespace attachmentmarker;
-    for (qsizetype position = 0; position < text.length();) {
-        const qsizetype opening = text.string().indexOf(head, position);
-        if (opening < 0)
-            break;
+    const QString& string = text.string();
+    std::vector<AttributedString::Replacement> attachments;
+    qsizetype opening = string.indexOf(head);
+    while (opening >= 0) {
         const qsizetype nameStart = opening + head.size();
-        const qsizetype closing = text.string().indexOf(tail, nameStart);
+        const qsizetype closing = string.indexOf(tail, nameStart);
         if (closing < 0)
             throw std::out_of_range("an attachment marker has no end");
-        const QString name = text.string().sliced(nameStart, closing - nameStart);
+        const QString name = string.sliced(nameStart, closing - nameStart);
         FileWrapper::Pointer wrapper = loadAttachment(folder, name, error);
         if (!wrapper)
             return false;
+        const qsizetype end = closing + tail.size();
         const auto attachment = std::make_shared<platform::TextAttachment>(std::move(wrapper));
-        text.replaceCharacters({opening, closing + tail.size() - opening}, AttributedString::withAttachment(attachment));
-        position = opening + 1;
+        attachments.push_back(
+            {{opening, end - opening}, AttributedString::withAttachment(attachment)});
+        opening = string.indexOf(head, end);
     }
+    text.replaceCharacters(attachments);
     return true;
 }
 
@@ -95,7 +110,8 @@ bool NoteDocument::writeNoteFile(const AttributedString& text, const QString& pa
     const auto note = std::make_shared<QLNoteFile>();
     note->setNoteText(text);
     AttributedString withCheckboxes = text;
-    const QLNoteChecklistItems items = restoreChecklists(withCheckboxes, recoverChecklists(withCheckboxes));
+    const QLNoteChecklistItems items =
+        restoreChecklists(withCheckboxes, recoverChecklists(withCheckboxes));
     note->noteAttributes()->setChecklistItems(items);
     note->setNoteText(withCheckboxes);
     return note->writeToFile(path, error);

@@ -15,12 +15,15 @@ namespace {
 const QString titleMarker = QStringLiteral("<!-- QUILLERY TITLE -->");
 const QString bodyMarker = QStringLiteral("<!-- QUILLERY BODY -->");
 
-// Compiled-in resources are no files of the file system, so the bundle's paths are opened with QFile.
+// Compiled-in resources are no files of the file system, so the bundle's paths are opened with
+// QFile.
 std::optional<QString> readTemplate(Error* error)
 {
     const QString name = QStringLiteral("Template");
     const QString type = QStringLiteral("html");
-    const QString path = platform::Bundle::main().pathForResource(name, type).value_or(name + QLatin1Char('.') + type);
+    const QString path = platform::Bundle::main()
+                             .pathForResource(name, type)
+                             .value_or(name + QLatin1Char('.') + type);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         const int reason = file.error() == QFileDevice::PermissionsError ? EACCES : ENOENT;

@@ -5,8 +5,8 @@
 
 #include <QString>
 
-// A note's folder for its page and attachments. It goes away with everything in it, at the latest when the
-// object does.
+// A note's folder for its page and attachments. It goes away with everything in it, at the latest
+// when the object does.
 class ScratchFolder {
 public:
     explicit ScratchFolder(QString path);

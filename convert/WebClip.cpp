@@ -43,6 +43,11 @@ std::optional<QByteArray> WebClip::archiveFromWeb(Error* error)
         return std::nullopt;
     }
     std::optional<QByteArray> archive = archiveOfPage(m_sourceURL, error);
+    if (archive && m_note.counts().taskLines > 0) {
+        m_warnings += platform::localizedString(
+                          "The page was loaded again; the note's tasks were left out: %1.")
+                          .arg(m_note.counts().taskLines);
+    }
     for (const auto& resource : m_note.resources()) {
         if (archive && resource->itemType() != EvernoteXMLItemTypeImage) {
             const QString& name = resource->attributes().filename();
@@ -76,6 +81,8 @@ std::optional<QUrl> WebClip::rebuiltPage(const XMLElement& noteElement, Error* e
         return std::nullopt;
     }
     m_warnings = rewriting.warnings();
+    m_shownHashes = rewriting.shownHashes();
+    m_missingAttachments = rewriting.missingAttachments();
     const QString path =
         m_folder.toLocalFile() + QLatin1Char('/') + m_note.identifier() + QStringLiteral(".html");
     if (!platform::writeFile(path, page->toUtf8(), platform::WriteOption::Plain, error))
@@ -89,6 +96,7 @@ std::optional<QByteArray> WebClip::archiveOfPage(const QUrl& page, Error* error)
     const auto operation = std::make_shared<EvernoteWebConversionOperation>();
     operation->setOriginalWebURL(m_sourceURL);
     operation->setOriginalURL(page);
+    m_note.awaitedOperations()->addOperation(operation);
     operation->start();
     operation->waitUntilFinished();
     if (!operation->webArchiveData() && operation->operationError())

@@ -6,6 +6,7 @@
 #include "platform/xml/XMLNode.h"
 
 #include <QByteArray>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QUrl>
@@ -30,6 +31,12 @@ public:
     archiveFromNoteElement(const platform::XMLElement& noteElement,
                            platform::Error* error = nullptr);
 
+    // The hashes of the attachments that the page shows as the note holds them; none of a page that
+    // was loaded again.
+    [[nodiscard]] const QSet<QString>& shownHashes() const { return m_shownHashes; }
+    // The places that name an attachment which the note does not hold.
+    [[nodiscard]] quint64 missingAttachments() const { return m_missingAttachments; }
+
     // What the person should know of the page that was archived, in their language.
     [[nodiscard]] const QStringList& warnings() const { return m_warnings; }
 
@@ -43,5 +50,7 @@ private:
     const EvernoteXMLNote& m_note;
     QUrl m_folder;
     QUrl m_sourceURL;
+    QSet<QString> m_shownHashes;
+    quint64 m_missingAttachments = 0;
     QStringList m_warnings;
 };

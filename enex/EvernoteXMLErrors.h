@@ -18,5 +18,7 @@ enum EvernoteXMLParseOperationErrorCode : int {
     EvernoteXMLParseOperationErrorNoInputStream = 1001,
     EvernoteXMLParseOperationErrorNoParser = 1002,
     EvernoteXMLParseOperationErrorUnknownEncoding = 1003,
-    EvernoteXMLParseOperationErrorException = 1004
+    EvernoteXMLParseOperationErrorException = 1004,
+    // Of a copy, whose output did not take everything.
+    EvernoteXMLParseOperationErrorCopyNotWritten = 1005
 };

@@ -3,7 +3,10 @@
 
 #include "enex/EvernoteXMLItemNoteAttributes.h"
 #include "enex/EvernoteXMLResource.h"
+#include "enex/NoteCounts.h"
+#include "enex/NoteLinkTargets.h"
 #include "platform/core/Error.h"
+#include "platform/operations/OperationGroup.h"
 #include "platform/scripting/ImportManifest.h"
 
 #include <QByteArray>
@@ -35,6 +38,8 @@ public:
     [[nodiscard]] const QUrl& directoryURL() const { return m_directoryURL; }
     // A UUID; it also names the note's scratch folder and page.
     [[nodiscard]] const QString& identifier() const { return m_identifier; }
+    // Before the conversion, for a note that links may have named already.
+    void setIdentifier(const QString& identifier) { m_identifier = identifier; }
 
     [[nodiscard]] const QString& title() const { return m_title; }
     void setTitle(const QString& title) { m_title = title; }
@@ -60,7 +65,26 @@ public:
     // In document order.
     using Resources = std::vector<std::shared_ptr<EvernoteXMLResource>>;
     [[nodiscard]] const Resources& resources() const { return m_resources; }
-    void addResource(std::shared_ptr<EvernoteXMLResource> resource) { m_resources.push_back(std::move(resource)); }
+    void addResource(std::shared_ptr<EvernoteXMLResource> resource)
+    {
+        m_resources.push_back(std::move(resource));
+        ++m_counts.resources;
+    }
+
+    // The notes that links may lead to; null where links stay as they are.
+    [[nodiscard]] const std::shared_ptr<const NoteLinkTargets>& linkTargets() const { return m_linkTargets; }
+    void setLinkTargets(std::shared_ptr<const NoteLinkTargets> targets) { m_linkTargets = std::move(targets); }
+    // The identifiers of the notes that the note's links lead to now, one entry a link.
+    [[nodiscard]] const QStringList& linkedNotes() const { return m_linkedNotes; }
+
+    // What the conversion waits for. Whoever cancels it ends the wait, from any thread; what the note was
+    // waiting for is then missing.
+    [[nodiscard]] const std::shared_ptr<platform::OperationGroup>& awaitedOperations() const { return m_awaitedOperations; }
+    void setAwaitedOperations(std::shared_ptr<platform::OperationGroup> group) { m_awaitedOperations = std::move(group); }
+
+    // What the note holds; after the conversion, what became of it.
+    [[nodiscard]] const NoteCounts& counts() const { return m_counts; }
+    [[nodiscard]] NoteCounts& counts() { return m_counts; }
 
     // What the person should hear although the note came across, in their language.
     [[nodiscard]] const QStringList& warnings() const { return m_warnings; }
@@ -68,6 +92,7 @@ public:
     [[nodiscard]] const std::optional<platform::Error>& withheldError() const { return m_withheldError; }
 
 protected:
+    void setLinkedNotes(const QStringList& identifiers) { m_linkedNotes = identifiers; }
     void addWarning(const QString& warning) { m_warnings += warning; }
     void withholdError(const platform::Error& error) { m_withheldError = error; }
 
@@ -81,6 +106,10 @@ private:
     EvernoteXMLItemNoteAttributes m_noteAttributes;
     QStringList m_tags;
     Resources m_resources;
+    std::shared_ptr<const NoteLinkTargets> m_linkTargets;
+    QStringList m_linkedNotes;
+    std::shared_ptr<platform::OperationGroup> m_awaitedOperations = std::make_shared<platform::OperationGroup>();
+    NoteCounts m_counts;
     QStringList m_warnings;
     std::optional<platform::Error> m_withheldError;
 };

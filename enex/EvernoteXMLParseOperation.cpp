@@ -2,6 +2,7 @@
 #include "enex/EvernoteXMLParseOperation.h"
 
 #include "enex/EvernoteXMLErrors.h"
+#include "enex/TimeStamp.h"
 #include "foundation/OutputStreamBMExtensions.h"
 #include "platform/core/LocalizedStrings.h"
 
@@ -58,7 +59,10 @@ void EvernoteXMLParseOperation::main()
             parseError(EvernoteXMLParseOperationErrorNoParser, localizedString("Cannot create parser.")));
         return;
     }
-    m_parser->setDelegate(this);
+    platform::XMLParserDelegate& reader = *this;
+    if (m_fileForm == FileForm::Modern)
+        m_modernizer = std::make_unique<EnexModernizer>(reader);
+    m_parser->setDelegate(m_modernizer ? m_modernizer.get() : &reader);
     m_abortableParser = m_parser.get();
     // A cancel that came before there was a parser to stop.
     if (m_abortRequested)
@@ -78,6 +82,8 @@ void EvernoteXMLParseOperation::cancel()
     // The parser lives as long as the operation, and may be stopped from any thread.
     if (platform::XMLParser* const parser = m_abortableParser)
         parser->abortParsing();
+    // The event that is being handled may be the end of a note that waits for something.
+    m_awaitedOperations->cancelAllOperations();
     Operation::cancel();
 }
 
@@ -114,7 +120,8 @@ void EvernoteXMLParseOperation::debugLog(const QString& event)
 
 std::optional<QDateTime> EvernoteXMLParseOperation::dateFrom(QUtf8StringView chunk) const
 {
-    return m_dateFormatter.dateFromString(chunk.toString());
+    return m_timeStamps == TimeStamps::UTC ? utcDateFromTimeStamp(chunk.toString())
+                                           : m_dateFormatter.dateFromString(chunk.toString());
 }
 
 void EvernoteXMLParseOperation::parserDidEndElement(platform::XMLParser&, const QString& name)
@@ -132,7 +139,25 @@ void EvernoteXMLParseOperation::parserDidEndElement(platform::XMLParser&, const 
         m_currentNoteAttributesElement = EvernoteXMLNoteAttributesElementNone;
     } else if (name == QLatin1String("resource-attributes")) {
         m_currentResourceAttributesElement = EvernoteXMLResourceAttributesElementNone;
+    } else if (name == QLatin1String("task") && m_currentItem) {
+        // Not read, but told of.
+        ++m_currentItem->counts().tasks;
+        ++m_currentItem->counts().leftOutTasks;
     }
+}
+
+void EvernoteXMLParseOperation::completeNote()
+{
+    m_currentItem->setAwaitedOperations(m_awaitedOperations);
+    if (m_modernizer) {
+        NoteCounts& counts = m_currentItem->counts();
+        counts.tasks = counts.taskLines = static_cast<quint64>(m_modernizer->taskCount());
+    }
+    if (!m_linkTargets)
+        return;
+    m_currentItem->setLinkTargets(m_linkTargets);
+    if (const auto identifier = m_linkTargets->identifierForTitle(m_currentItem->title()))
+        m_currentItem->setIdentifier(*identifier);
 }
 
 void EvernoteXMLParseOperation::endNote()
@@ -143,8 +168,10 @@ void EvernoteXMLParseOperation::endNote()
     std::optional<Error> error;
     try {
         Error conversionError;
-        if (m_currentItem)
+        if (m_currentItem) {
+            completeNote();
             record = m_currentItem->itemDictInGroup(m_groupDict, &conversionError);
+        }
         if (!conversionError.isNull())
             error = conversionError;
     } catch (const std::exception& exception) {

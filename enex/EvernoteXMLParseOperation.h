@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "enex/EnexModernizer.h"
 #include "enex/EvernoteXMLElements.h"
 #include "enex/EvernoteXMLNote.h"
+#include "enex/NoteLinkTargets.h"
 #include "platform/core/DateFormatter.h"
 #include "platform/core/Error.h"
 #include "platform/files/OutputStream.h"
@@ -23,7 +25,8 @@
 //
 // An element's end does not end its field: characters between it and the next element still go there. So
 // white space between the elements of an indented file adds empty tags and clears dates. Files are read so on
-// purpose; the folders that people have imported before were made by this rule.
+// purpose; the folders that people have imported before were made by this rule. Where it shall not hold, an
+// EnexModernizer stands before it (FileForm::Modern).
 class EvernoteXMLParseOperation : public platform::Operation, private platform::XMLParserDelegate {
 public:
     using ItemFactory = std::function<std::unique_ptr<EvernoteXMLNote>(const QUrl& directoryURL)>;
@@ -40,6 +43,7 @@ public:
     ~EvernoteXMLParseOperation() override;
 
     [[nodiscard]] const QUrl& evernoteFileURL() const { return m_evernoteFileURL; }
+    void setEvernoteFileURL(const QUrl& url) { m_evernoteFileURL = url; }
     [[nodiscard]] const QUrl& directoryURL() const { return m_directoryURL; }
     [[nodiscard]] const platform::manifest::Record& groupDict() const { return m_groupDict; }
 
@@ -52,6 +56,27 @@ public:
 
     [[nodiscard]] const std::shared_ptr<platform::OutputStream>& logStream() const { return m_logStream; }
     void setLogStream(std::shared_ptr<platform::OutputStream> stream) { m_logStream = std::move(stream); }
+
+    enum class FileForm {
+        // The file is read as it stands.
+        AsWritten,
+        // The file is of today's Evernote, and comes through an EnexModernizer.
+        Modern
+    };
+    [[nodiscard]] FileForm fileForm() const { return m_fileForm; }
+    void setFileForm(FileForm form) { m_fileForm = form; }
+
+    enum class TimeStamps {
+        // Of the clock on the wall: the Z at their ends means nothing.
+        WallClock,
+        // What Evernote means by them.
+        UTC
+    };
+    [[nodiscard]] TimeStamps timeStamps() const { return m_timeStamps; }
+    void setTimeStamps(TimeStamps timeStamps) { m_timeStamps = timeStamps; }
+
+    // Where the identifiers of the items come from that links lead to; null, as it is at first, for none.
+    void setLinkTargets(std::shared_ptr<const NoteLinkTargets> targets) { m_linkTargets = std::move(targets); }
 
     // How many bytes are read from the file at a time.
     void setReadChunkSize(qsizetype bytes) { m_readChunkSize = bytes; }
@@ -75,7 +100,7 @@ public:
     [[nodiscard]] bool isAsynchronous() const override { return true; }
 
     // May be called from any thread: the parse stops after the event that it is handling, and the completion
-    // block gets the reader's abort error.
+    // block gets the reader's abort error. A note that waits for something waits no longer.
     void cancel() override;
 
 protected:
@@ -99,6 +124,7 @@ private:
     void charactersInResource(QUtf8StringView chunk);
     void charactersInNoteAttributes(QUtf8StringView chunk);
     void endNote();
+    void completeNote();
     void endResource();
 
     [[nodiscard]] bool stopIfCancelled();
@@ -119,12 +145,20 @@ private:
     std::atomic<bool> m_operationExecuting = false;
     std::atomic<bool> m_operationFinished = false;
     std::atomic<bool> m_abortRequested = false;
+    // What the notes wait for, one after another.
+    const std::shared_ptr<platform::OperationGroup> m_awaitedOperations
+        = std::make_shared<platform::OperationGroup>();
     // m_parser, once it may be stopped from other threads.
     std::atomic<platform::XMLParser*> m_abortableParser = nullptr;
 
+    FileForm m_fileForm = FileForm::AsWritten;
+    TimeStamps m_timeStamps = TimeStamps::WallClock;
+    std::shared_ptr<const NoteLinkTargets> m_linkTargets;
     qsizetype m_readChunkSize = platform::XMLParser::defaultChunkSize;
     std::unique_ptr<platform::InputStream> m_inputStream;
     std::unique_ptr<platform::XMLParser> m_parser;
+    // Between the parser and the operation; none for a file that is read as it stands.
+    std::unique_ptr<EnexModernizer> m_modernizer;
     platform::DateFormatter m_dateFormatter;
 
     EvernoteXMLElement m_currentElement = EvernoteXMLElementNone;

@@ -79,19 +79,7 @@ EvernoteXMLItemType EvernoteXMLResource::itemType() const
             return EvernoteXMLItemTypeDocument;
         type = platform::preferredIdentifierForExtension(extension);
     }
-    const auto conforms = [&type](const QString& general) { return platform::typeConformsTo(type, general); };
-    if (conforms(QStringLiteral("public.image")))
-        return EvernoteXMLItemTypeImage;
-    // Before audio: what is both has pictures to show.
-    if (conforms(QStringLiteral("public.movie")))
-        return EvernoteXMLItemTypeMovie;
-    if (conforms(QStringLiteral("public.audio")))
-        return EvernoteXMLItemTypeSound;
-    if (conforms(QStringLiteral("com.apple.webarchive")) || conforms(QStringLiteral("public.html")))
-        return EvernoteXMLItemTypeWebPage;
-    if (conforms(QStringLiteral("com.apple.web-internet-location")))
-        return EvernoteXMLItemTypeBookmark;
-    return EvernoteXMLItemTypeDocument;
+    return itemTypeForUniformType(type);
 }
 
 bool EvernoteXMLResource::writeToURL(const QUrl& url, Error* error)

@@ -2,6 +2,7 @@
 #include "formats/AttributedStringQLNoteExtensions.h"
 
 #include "formats/ChecklistBoxTexts.h"
+#include "formats/ChecklistRestoring.h"
 #include "formats/QLChecklistTextAttachment.h"
 #include "platform/core/SystemLog.h"
 
@@ -11,34 +12,6 @@ using platform::AttributedString;
 using platform::TextRange;
 
 namespace {
-
-// The checklist style, in the table cells that the line stood in: without them the table would break apart at
-// every box.
-std::shared_ptr<const platform::ParagraphStyle>
-checklistStyleWithin(const std::shared_ptr<const platform::ParagraphStyle>& before, const QLNoteChecklistItem& item)
-{
-    const std::shared_ptr<const platform::ParagraphStyle> style = item.checklistParagraphStyle();
-    if (!before || before->textBlocks.empty())
-        return style;
-    auto inCells = std::make_shared<platform::ParagraphStyle>(*style);
-    inCells->textBlocks = before->textBlocks;
-    return inCells;
-}
-
-void restoreItems(AttributedString& text, const QLNoteChecklistItems& items)
-{
-    qsizetype offset = 0;
-    for (const auto& item : items) {
-        const TextRange target{item->range().location + offset, item->range().length};
-        const AttributedString attachment = item->attributedString();
-        const auto styleBefore = target.length > 0 ? text.attributesAt(target.location).paragraphStyle : nullptr;
-        text.replaceCharacters(target, attachment);
-        offset += attachment.length() - target.length;
-        // The attachment is shorter than its box text, so the range may now reach beyond the text's end.
-        const TextRange remaining{target.location, std::min(target.length, text.length() - target.location)};
-        text.setParagraphStyle(text.lineRangeFor(remaining), checklistStyleWithin(styleBefore, *item));
-    }
-}
 
 // The end of the stretch from the position on that has the same attachment.
 qsizetype endOfAttachment(const AttributedString& text, qsizetype position, qsizetype limit)
@@ -71,29 +44,33 @@ QLNoteChecklistItems recoverChecklists(const AttributedString& text)
     return items;
 }
 
-AttributedString attributedStringByReplacingChecklists(const AttributedString& text, QLNoteChecklistItems* items,
+AttributedString attributedStringByReplacingChecklists(const AttributedString& text,
+                                                       QLNoteChecklistItems* items,
                                                        TextRange inRange)
 {
-    AttributedString copy = text;
     QLNoteChecklistItems found;
-    qsizetype limit = inRange.end();
-    for (qsizetype position = inRange.location; position < limit;) {
-        const qsizetype end = endOfAttachment(copy, position, limit);
-        const auto box = std::dynamic_pointer_cast<QLChecklistTextAttachment>(copy.attributesAt(position).attachment);
-        if (!box) {
-            position = end;
+    std::vector<AttributedString::Replacement> boxTexts;
+    // How much longer the copy is than the text, up to where it is done.
+    qsizetype growth = 0;
+    for (qsizetype position = inRange.location; position < inRange.end();) {
+        const TextRange replaced{position,
+                                 endOfAttachment(text, position, inRange.end()) - position};
+        position = replaced.end();
+        platform::TextAttributes attributes = text.attributesAt(replaced.location);
+        const auto box =
+            std::dynamic_pointer_cast<QLChecklistTextAttachment>(attributes.attachment);
+        if (!box)
             continue;
-        }
         const QString boxText = box->replacementString();
-        found.push_back(std::make_shared<QLNoteChecklistItem>(box->isOn(), TextRange{position, boxText.size()}));
-        const TextRange replaced{position, end - position};
-        copy.replaceCharacters(replaced, boxText);
-        // The box text stands as text, not for the attachment whose place it took.
-        copy.changeAttributes({position, boxText.size()},
-                              [](platform::TextAttributes& attributes) { attributes.attachment = nullptr; });
-        position += boxText.size();
-        limit += boxText.size() - replaced.length;
+        // The box text stands as text, not for the attachment whose place it takes.
+        attributes.attachment = nullptr;
+        boxTexts.push_back({replaced, AttributedString(boxText, attributes)});
+        const TextRange inCopy{replaced.location + growth, boxText.size()};
+        found.push_back(std::make_shared<QLNoteChecklistItem>(box->isOn(), inCopy));
+        growth += boxText.size() - replaced.length;
     }
+    AttributedString copy = text;
+    copy.replaceCharacters(boxTexts);
     if (items)
         *items = std::move(found);
     return copy;
@@ -102,11 +79,11 @@ AttributedString attributedStringByReplacingChecklists(const AttributedString& t
 QLNoteChecklistItems restoreChecklists(AttributedString& text, const QLNoteChecklistItems& items)
 {
     try {
-        restoreItems(text, items);
+        ChecklistRestoring(text).restore(items);
         return items;
     } catch (const std::out_of_range& exception) {
-        platform::systemLog(
-            QStringLiteral("Caught exception processing checklists: %1").arg(QString::fromUtf8(exception.what())));
+        platform::systemLog(QStringLiteral("Caught exception processing checklists: %1")
+                                .arg(QString::fromUtf8(exception.what())));
     }
     return restoreChecklists(text, recoverChecklists(text));
 }

@@ -23,7 +23,8 @@ double floatValue(const ArchiveValue& dictionary, const QString& key)
     return static_cast<double>(dictionary.valueForKey(key).toFloat());
 }
 
-// The next run of digits from the position on, which moves behind it; a number beyond 64 bits is its limit.
+// The next run of digits from the position on, which moves behind it; a number beyond 64 bits is
+// its limit.
 qsizetype takeNumber(QStringView text, qsizetype& position)
 {
     while (position < text.size() && (text[position] < u'0' || text[position] > u'9'))
@@ -63,15 +64,16 @@ TextRange decodeRangeInQuilleryForKey(KeyedUnarchiver& coder, const QString& key
 
 void encodeCGRectInQuillery(KeyedArchiver& coder, const QRectF& rect, const QString& key)
 {
-    coder.encodeObject(ArchiveValue::dictionary({floatEntry(xKey, rect.x()), floatEntry(yKey, rect.y()),
-                                                 floatEntry(widthKey, rect.width()),
-                                                 floatEntry(heightKey, rect.height())}),
-                       key);
+    coder.encodeObject(
+        ArchiveValue::dictionary({floatEntry(xKey, rect.x()), floatEntry(yKey, rect.y()),
+                                  floatEntry(widthKey, rect.width()),
+                                  floatEntry(heightKey, rect.height())}),
+        key);
 }
 
 QRectF decodeCGRectInQuilleryForKey(KeyedUnarchiver& coder, const QString& key)
 {
     const ArchiveValue dictionary = coder.decodeObject(key);
-    return {floatValue(dictionary, xKey), floatValue(dictionary, yKey), floatValue(dictionary, widthKey),
-            floatValue(dictionary, heightKey)};
+    return {floatValue(dictionary, xKey), floatValue(dictionary, yKey),
+            floatValue(dictionary, widthKey), floatValue(dictionary, heightKey)};
 }

@@ -5,9 +5,13 @@ namespace {
 const QString onKey = QStringLiteral("QLChecklistAttachmentCellOn");
 } // namespace
 
-const QString QLChecklistAttachmentCell::archivedClassName = QStringLiteral("QLChecklistAttachmentCell");
+const QString QLChecklistAttachmentCell::archivedClassName =
+    QStringLiteral("QLChecklistAttachmentCell");
 
-QLChecklistAttachmentCell::QLChecklistAttachmentCell() { createButtonCell(); }
+QLChecklistAttachmentCell::QLChecklistAttachmentCell()
+{
+    createButtonCell();
+}
 
 void QLChecklistAttachmentCell::createButtonCell()
 {
@@ -31,18 +35,25 @@ void QLChecklistAttachmentCell::buttonClicked(const platform::ButtonCell& sender
     setOn(sender.state() != platform::ButtonCell::StateOff);
 }
 
-QSizeF QLChecklistAttachmentCell::cellSize() const { return m_buttonCell->cellSize(); }
+QSizeF QLChecklistAttachmentCell::cellSize() const
+{
+    return m_buttonCell->cellSize();
+}
 
-QPointF QLChecklistAttachmentCell::cellBaselineOffset() const { return {0.0, -2.0}; }
+QPointF QLChecklistAttachmentCell::cellBaselineOffset() const
+{
+    return {0.0, -2.0};
+}
 
 void QLChecklistAttachmentCell::drawWithFrame(const QRectF& frame, platform::ControlView& view)
 {
     m_buttonCell->drawWithFrame(frame, view);
 }
 
-bool QLChecklistAttachmentCell::trackMouse(const platform::MouseEvent& event, const QRectF& cellFrame,
-                                           platform::ControlView& controlView, qsizetype atCharacterIndex,
-                                           bool untilMouseUp)
+bool QLChecklistAttachmentCell::trackMouse(const platform::MouseEvent& event,
+                                           const QRectF& cellFrame,
+                                           platform::ControlView& controlView,
+                                           qsizetype atCharacterIndex, bool untilMouseUp)
 {
     const bool clicked = m_buttonCell->trackMouse(event, cellFrame, controlView, untilMouseUp);
     platform::TextViewDelegate* delegate = controlView.textViewDelegate();
@@ -57,9 +68,13 @@ QStringList QLChecklistAttachmentCell::archivedClassNames() const
             QStringLiteral("NSObject")};
 }
 
-void QLChecklistAttachmentCell::encodeWithCoder(platform::KeyedArchiver& coder) { coder.encodeBool(m_on, onKey); }
+void QLChecklistAttachmentCell::encodeWithCoder(platform::KeyedArchiver& coder)
+{
+    coder.encodeBool(m_on, onKey);
+}
 
-std::shared_ptr<QLChecklistAttachmentCell> QLChecklistAttachmentCell::initWithCoder(platform::KeyedUnarchiver& coder)
+std::shared_ptr<QLChecklistAttachmentCell>
+QLChecklistAttachmentCell::initWithCoder(platform::KeyedUnarchiver& coder)
 {
     auto cell = std::make_shared<QLChecklistAttachmentCell>();
     cell->setOn(coder.decodeBool(onKey));

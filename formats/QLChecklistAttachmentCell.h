@@ -10,7 +10,8 @@
 #include <memory>
 
 // Draws and tracks the checkbox of an attachment through a button cell, and holds its state.
-class QLChecklistAttachmentCell : public platform::TextAttachmentCell, public platform::KeyedCoding {
+class QLChecklistAttachmentCell : public platform::TextAttachmentCell,
+                                  public platform::KeyedCoding {
 public:
     QLChecklistAttachmentCell();
 
@@ -34,7 +35,8 @@ public:
     static const QString archivedClassName;
     [[nodiscard]] QStringList archivedClassNames() const override;
     void encodeWithCoder(platform::KeyedArchiver& coder) override;
-    [[nodiscard]] static std::shared_ptr<QLChecklistAttachmentCell> initWithCoder(platform::KeyedUnarchiver& coder);
+    [[nodiscard]] static std::shared_ptr<QLChecklistAttachmentCell>
+    initWithCoder(platform::KeyedUnarchiver& coder);
 
 private:
     void createButtonCell();

@@ -3,7 +3,8 @@
 
 #include "platform/cells/ButtonCell.h"
 
-// The switch that draws a checkbox of a note: one of two images, with 3 points of room to its right.
+// The switch that draws a checkbox of a note: one of two images, with 3 points of room to its
+// right.
 class QLChecklistButtonCell : public platform::ButtonCell {
 public:
     // "TextChecklistOn" when the state is on, else "TextChecklistOff".

@@ -14,15 +14,18 @@ const QString cellKey = QStringLiteral("NSCell");
 
 platform::ArchivedClasses archivedClasses()
 {
-    return {{QLChecklistTextAttachment::archivedClassName, &QLChecklistTextAttachment::initWithCoder},
-            {QLChecklistAttachmentCell::archivedClassName, &QLChecklistAttachmentCell::initWithCoder}};
+    return {
+        {QLChecklistTextAttachment::archivedClassName, &QLChecklistTextAttachment::initWithCoder},
+        {QLChecklistAttachmentCell::archivedClassName, &QLChecklistAttachmentCell::initWithCoder}};
 }
 
 } // namespace
 
 const QString QLChecklistTextAttachment::checklistType = QStringLiteral("com.brightmoor.checklist");
-const QString QLChecklistTextAttachment::stringPasteboardType = QStringLiteral("NSStringPboardType");
-const QString QLChecklistTextAttachment::archivedClassName = QStringLiteral("QLChecklistTextAttachment");
+const QString QLChecklistTextAttachment::stringPasteboardType =
+    QStringLiteral("NSStringPboardType");
+const QString QLChecklistTextAttachment::archivedClassName =
+    QStringLiteral("QLChecklistTextAttachment");
 
 QLChecklistTextAttachment::QLChecklistTextAttachment()
     : m_cell(std::make_shared<QLChecklistAttachmentCell>())
@@ -42,15 +45,16 @@ QString QLChecklistTextAttachment::replacementString() const
     return isOn() ? checklist::checkedBoxText : checklist::uncheckedBoxText;
 }
 
-AttributedString
-QLChecklistTextAttachment::attributedString(const std::shared_ptr<QLChecklistTextAttachment>& attachment)
+AttributedString QLChecklistTextAttachment::attributedString(
+    const std::shared_ptr<QLChecklistTextAttachment>& attachment)
 {
     AttributedString text = AttributedString::withAttachment(attachment);
     text.setParagraphStyle({0, text.length()}, attachment->checklistParagraphStyle());
     return text;
 }
 
-std::shared_ptr<const platform::ParagraphStyle> QLChecklistTextAttachment::checklistParagraphStyle() const
+std::shared_ptr<const platform::ParagraphStyle>
+QLChecklistTextAttachment::checklistParagraphStyle() const
 {
     const double width = attachmentCell().cellSize().width();
     auto style = std::make_shared<platform::ParagraphStyle>();
@@ -59,14 +63,17 @@ std::shared_ptr<const platform::ParagraphStyle> QLChecklistTextAttachment::check
     return style;
 }
 
-QStringList QLChecklistTextAttachment::writableTypesForPasteboard() { return {checklistType, stringPasteboardType}; }
+QStringList QLChecklistTextAttachment::writableTypesForPasteboard()
+{
+    return {checklistType, stringPasteboardType};
+}
 
 QVariant QLChecklistTextAttachment::pasteboardPropertyListForType(
     const std::shared_ptr<QLChecklistTextAttachment>& attachment, const QString& type)
 {
     if (type == checklistType) {
-        const std::optional<QByteArray> archive
-            = KeyedArchiver::archivedDataWithRootObject(std::static_pointer_cast<platform::KeyedCoding>(attachment));
+        const std::optional<QByteArray> archive = KeyedArchiver::archivedDataWithRootObject(
+            std::static_pointer_cast<platform::KeyedCoding>(attachment));
         return archive ? QVariant(*archive) : QVariant();
     }
     if (type == stringPasteboardType)
@@ -74,14 +81,19 @@ QVariant QLChecklistTextAttachment::pasteboardPropertyListForType(
     return {};
 }
 
-QStringList QLChecklistTextAttachment::readableTypesForPasteboard() { return {checklistType}; }
+QStringList QLChecklistTextAttachment::readableTypesForPasteboard()
+{
+    return {checklistType};
+}
 
 std::shared_ptr<QLChecklistTextAttachment>
-QLChecklistTextAttachment::initWithPasteboardPropertyList(const QVariant& propertyList, const QString& ofType)
+QLChecklistTextAttachment::initWithPasteboardPropertyList(const QVariant& propertyList,
+                                                          const QString& ofType)
 {
     if (ofType != checklistType)
         return nullptr;
-    const auto root = KeyedUnarchiver::unarchivedRootObject(propertyList.toByteArray(), archivedClasses());
+    const auto root =
+        KeyedUnarchiver::unarchivedRootObject(propertyList.toByteArray(), archivedClasses());
     return root ? root->objectAs<QLChecklistTextAttachment>() : nullptr;
 }
 
@@ -95,7 +107,8 @@ void QLChecklistTextAttachment::encodeWithCoder(KeyedArchiver& coder)
     coder.encodeObject(std::static_pointer_cast<platform::KeyedCoding>(m_cell), cellKey);
 }
 
-std::shared_ptr<QLChecklistTextAttachment> QLChecklistTextAttachment::initWithCoder(KeyedUnarchiver& coder)
+std::shared_ptr<QLChecklistTextAttachment>
+QLChecklistTextAttachment::initWithCoder(KeyedUnarchiver& coder)
 {
     auto attachment = std::make_shared<QLChecklistTextAttachment>();
     attachment->setAttachmentCell(coder.decodeObjectAs<QLChecklistAttachmentCell>(cellKey));

@@ -27,22 +27,29 @@ public:
 
     // Makes a cell where there is none.
     [[nodiscard]] QLChecklistAttachmentCell& attachmentCell() const;
-    void setAttachmentCell(std::shared_ptr<QLChecklistAttachmentCell> cell) { m_cell = std::move(cell); }
+    void setAttachmentCell(std::shared_ptr<QLChecklistAttachmentCell> cell)
+    {
+        m_cell = std::move(cell);
+    }
 
     // The box text of the state.
     [[nodiscard]] QString replacementString() const;
-    // The attachment character with checklistParagraphStyle. attachment: this object as the text will own it.
+    // The attachment character with checklistParagraphStyle. attachment: this object as the text
+    // will own it.
     [[nodiscard]] static platform::AttributedString
     attributedString(const std::shared_ptr<QLChecklistTextAttachment>& attachment);
 
-    // Head indent: the cell's width. First-line head indent: minus that width, so that the box hangs out.
+    // Head indent: the cell's width. First-line head indent: minus that width, so that the box
+    // hangs out.
     [[nodiscard]] std::shared_ptr<const platform::ParagraphStyle> checklistParagraphStyle() const;
 
     // Most faithful first.
     [[nodiscard]] static QStringList writableTypesForPasteboard();
-    // checklistType: QByteArray, the keyed archive; the string type: QString, the box text; else invalid.
+    // checklistType: QByteArray, the keyed archive; the string type: QString, the box text; else
+    // invalid.
     [[nodiscard]] static QVariant
-    pasteboardPropertyListForType(const std::shared_ptr<QLChecklistTextAttachment>& attachment, const QString& type);
+    pasteboardPropertyListForType(const std::shared_ptr<QLChecklistTextAttachment>& attachment,
+                                  const QString& type);
     [[nodiscard]] static QStringList readableTypesForPasteboard();
     // Null for a type other than checklistType and for data that is no archive of an attachment.
     [[nodiscard]] static std::shared_ptr<QLChecklistTextAttachment>
@@ -51,7 +58,8 @@ public:
     static const QString archivedClassName;
     [[nodiscard]] QStringList archivedClassNames() const override;
     void encodeWithCoder(platform::KeyedArchiver& coder) override;
-    [[nodiscard]] static std::shared_ptr<QLChecklistTextAttachment> initWithCoder(platform::KeyedUnarchiver& coder);
+    [[nodiscard]] static std::shared_ptr<QLChecklistTextAttachment>
+    initWithCoder(platform::KeyedUnarchiver& coder);
 
 private:
     mutable std::shared_ptr<QLChecklistAttachmentCell> m_cell;

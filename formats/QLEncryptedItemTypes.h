@@ -3,8 +3,8 @@
 
 #include <QString>
 
-// The notes application's encrypted items, by index. The two tables number sound and movie the other way
-// round; both numberings are in use.
+// The notes application's encrypted items, by index. The two tables number sound and movie the
+// other way round; both numberings are in use.
 
 // The index of a file extension; 2, the document's, for one that is no encrypted item's.
 [[nodiscard]] int encryptedItemTypeForExtension(const QString& extension);

@@ -35,7 +35,8 @@ const QString alphaKey = QStringLiteral("alpha");
 ArchiveValue colorComponents(const Color& color)
 {
     const auto entry = [](const QString& key, double value) {
-        return ArchiveValue::Entry(ArchiveValue::string(key), ArchiveValue::floating(static_cast<float>(value)));
+        return ArchiveValue::Entry(ArchiveValue::string(key),
+                                   ArchiveValue::floating(static_cast<float>(value)));
     };
     return ArchiveValue::dictionary({entry(redKey, color.red), entry(greenKey, color.green),
                                      entry(blueKey, color.blue), entry(alphaKey, color.alpha)});
@@ -70,14 +71,21 @@ const QString QLNoteAttributes::archivedClassName = QStringLiteral("QLNoteAttrib
 QLNoteAttributes::QLNoteAttributes()
 {
     const platform::UserDefaults& defaults = platform::UserDefaults::standard();
-    m_scaleFactor = static_cast<double>(defaults.floatForKey(QStringLiteral("DefaultNoteScaleFactor")));
+    m_scaleFactor =
+        static_cast<double>(defaults.floatForKey(QStringLiteral("DefaultNoteScaleFactor")));
     m_rulerVisible = defaults.boolForKey(QStringLiteral("NewNotesShowRuler"));
     m_backgroundColor = colorForDefaultsKey(QStringLiteral("DefaultNoteBackgroundColor"));
 }
 
-std::shared_ptr<QLNoteAttributes> QLNoteAttributes::copy() const { return std::make_shared<QLNoteAttributes>(*this); }
+std::shared_ptr<QLNoteAttributes> QLNoteAttributes::copy() const
+{
+    return std::make_shared<QLNoteAttributes>(*this);
+}
 
-QStringList QLNoteAttributes::archivedClassNames() const { return {archivedClassName, QStringLiteral("NSObject")}; }
+QStringList QLNoteAttributes::archivedClassNames() const
+{
+    return {archivedClassName, QStringLiteral("NSObject")};
+}
 
 void QLNoteAttributes::encodeWithCoder(KeyedArchiver& coder)
 {
@@ -111,7 +119,8 @@ std::shared_ptr<QLNoteAttributes> QLNoteAttributes::initWithCoder(KeyedUnarchive
     record->setRulerVisible(coder.decodeBool(rulerVisibleKey));
     if (record->fileVersion() < componentsFileVersion) {
         record->setVisibleRect(coder.decodeRect(oldVisibleRectKey));
-        record->setBackgroundColor(colorOfArchivedObject(coder.decodeObject(oldBackgroundColorKey)));
+        record->setBackgroundColor(
+            colorOfArchivedObject(coder.decodeObject(oldBackgroundColorKey)));
     } else {
         record->setVisibleRect(decodeCGRectInQuilleryForKey(coder, visibleCGRectKey));
         record->decodeBackgroundColorComponents(coder);
@@ -125,20 +134,24 @@ void QLNoteAttributes::decodeBackgroundColorComponents(KeyedUnarchiver& coder)
     const ArchiveValue components = coder.decodeObject(backgroundColorComponentsKey);
     if (components.kind() != ArchiveValue::Kind::Dictionary)
         return;
-    const auto component
-        = [&components](const QString& key) { return static_cast<double>(components.valueForKey(key).toFloat()); };
-    setBackgroundColor(Color{component(redKey), component(greenKey), component(blueKey), component(alphaKey)});
+    const auto component = [&components](const QString& key) {
+        return static_cast<double>(components.valueForKey(key).toFloat());
+    };
+    setBackgroundColor(
+        Color{component(redKey), component(greenKey), component(blueKey), component(alphaKey)});
 }
 
-std::optional<QByteArray> QLNoteAttributes::archivedData(const std::shared_ptr<QLNoteAttributes>& record,
-                                                         platform::Error* error)
+std::optional<QByteArray>
+QLNoteAttributes::archivedData(const std::shared_ptr<QLNoteAttributes>& record,
+                               platform::Error* error)
 {
     return KeyedArchiver::archivedDataWithRootObject(record, error);
 }
 
 std::shared_ptr<QLNoteAttributes> QLNoteAttributes::unarchivedFromData(QByteArrayView data)
 {
-    const platform::ArchivedClasses classes{{archivedClassName, &QLNoteAttributes::initWithCoder},
-                                            {QLNoteChecklistItem::archivedClassName, &QLNoteChecklistItem::initWithCoder}};
+    const platform::ArchivedClasses classes{
+        {archivedClassName, &QLNoteAttributes::initWithCoder},
+        {QLNoteChecklistItem::archivedClassName, &QLNoteChecklistItem::initWithCoder}};
     return KeyedUnarchiver::unarchiveObjectWithData(data, classes).objectAs<QLNoteAttributes>();
 }

@@ -13,17 +13,19 @@
 #include <memory>
 #include <optional>
 
-// How a note was last looked at and edited, and its checkboxes: the record that travels in every note file as
-// a keyed archive. The notes application reads it, so its keys and types are a file format.
+// How a note was last looked at and edited, and its checkboxes: the record that travels in every
+// note file as a keyed archive. The notes application reads it, so its keys and types are a file
+// format.
 class QLNoteAttributes : public platform::KeyedCoding {
 public:
-    // The version that is written. Readers rebuild the checklists of older records from the text, and look
-    // for the rectangle and the colour of records below 2000 under other keys.
+    // The version that is written. Readers rebuild the checklists of older records from the text,
+    // and look for the rectangle and the colour of records below 2000 under other keys.
     static constexpr qint64 currentFileVersion = 3000;
     static constexpr qint64 componentsFileVersion = 2000;
 
-    // A new note's record; scale, ruler and background are the person's own choices for new notes, from the
-    // settings "DefaultNoteScaleFactor", "NewNotesShowRuler" and "DefaultNoteBackgroundColor".
+    // A new note's record; scale, ruler and background are the person's own choices for new notes,
+    // from the settings "DefaultNoteScaleFactor", "NewNotesShowRuler" and
+    // "DefaultNoteBackgroundColor".
     QLNoteAttributes();
 
     // The version as read.
@@ -37,8 +39,14 @@ public:
     void setSelectedChars(platform::TextRange range) { m_selectedChars = range; }
 
     // A dictionary of text attributes as archived; null for none.
-    [[nodiscard]] const platform::ArchiveValue& typingAttributes() const { return m_typingAttributes; }
-    void setTypingAttributes(const platform::ArchiveValue& attributes) { m_typingAttributes = attributes; }
+    [[nodiscard]] const platform::ArchiveValue& typingAttributes() const
+    {
+        return m_typingAttributes;
+    }
+    void setTypingAttributes(const platform::ArchiveValue& attributes)
+    {
+        m_typingAttributes = attributes;
+    }
 
     // 0: horizontal.
     [[nodiscard]] qint64 layoutOrientation() const { return m_layoutOrientation; }
@@ -57,12 +65,24 @@ public:
     [[nodiscard]] const QRectF& visibleRect() const { return m_visibleRect; }
     void setVisibleRect(const QRectF& rect) { m_visibleRect = rect; }
 
-    [[nodiscard]] const std::optional<platform::Color>& backgroundColor() const { return m_backgroundColor; }
-    void setBackgroundColor(const std::optional<platform::Color>& color) { m_backgroundColor = color; }
+    [[nodiscard]] const std::optional<platform::Color>& backgroundColor() const
+    {
+        return m_backgroundColor;
+    }
+    void setBackgroundColor(const std::optional<platform::Color>& color)
+    {
+        m_backgroundColor = color;
+    }
 
     // None is not the same as no boxes: a record that never had any.
-    [[nodiscard]] const std::optional<QLNoteChecklistItems>& checklistItems() const { return m_checklistItems; }
-    void setChecklistItems(const std::optional<QLNoteChecklistItems>& items) { m_checklistItems = items; }
+    [[nodiscard]] const std::optional<QLNoteChecklistItems>& checklistItems() const
+    {
+        return m_checklistItems;
+    }
+    void setChecklistItems(const std::optional<QLNoteChecklistItems>& items)
+    {
+        m_checklistItems = items;
+    }
 
     // A shallow copy: typing attributes and checklist items are the same objects.
     [[nodiscard]] std::shared_ptr<QLNoteAttributes> copy() const;
@@ -71,12 +91,13 @@ public:
     [[nodiscard]] QStringList archivedClassNames() const override;
     // Turns the background colour into device RGB for good.
     void encodeWithCoder(platform::KeyedArchiver& coder) override;
-    [[nodiscard]] static std::shared_ptr<QLNoteAttributes> initWithCoder(platform::KeyedUnarchiver& coder);
+    [[nodiscard]] static std::shared_ptr<QLNoteAttributes>
+    initWithCoder(platform::KeyedUnarchiver& coder);
 
     // The record as a keyed archive, and back. Null for an archive that holds no record; throws
     // platform::InvalidArchive for bytes that are no keyed archive.
-    [[nodiscard]] static std::optional<QByteArray> archivedData(const std::shared_ptr<QLNoteAttributes>& record,
-                                                               platform::Error* error = nullptr);
+    [[nodiscard]] static std::optional<QByteArray>
+    archivedData(const std::shared_ptr<QLNoteAttributes>& record, platform::Error* error = nullptr);
     [[nodiscard]] static std::shared_ptr<QLNoteAttributes> unarchivedFromData(QByteArrayView data);
 
 private:

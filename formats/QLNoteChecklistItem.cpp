@@ -29,7 +29,10 @@ std::shared_ptr<const platform::ParagraphStyle> QLNoteChecklistItem::checklistPa
     return QLChecklistTextAttachment().checklistParagraphStyle();
 }
 
-QStringList QLNoteChecklistItem::archivedClassNames() const { return {archivedClassName, QStringLiteral("NSObject")}; }
+QStringList QLNoteChecklistItem::archivedClassNames() const
+{
+    return {archivedClassName, QStringLiteral("NSObject")};
+}
 
 void QLNoteChecklistItem::encodeWithCoder(platform::KeyedArchiver& coder)
 {
@@ -37,7 +40,8 @@ void QLNoteChecklistItem::encodeWithCoder(platform::KeyedArchiver& coder)
     encodeRangeInQuillery(coder, m_range, rangeKey);
 }
 
-std::shared_ptr<QLNoteChecklistItem> QLNoteChecklistItem::initWithCoder(platform::KeyedUnarchiver& coder)
+std::shared_ptr<QLNoteChecklistItem>
+QLNoteChecklistItem::initWithCoder(platform::KeyedUnarchiver& coder)
 {
     auto item = std::make_shared<QLNoteChecklistItem>();
     item->setOn(coder.decodeBool(onKey));

@@ -30,7 +30,8 @@ public:
     static const QString archivedClassName;
     [[nodiscard]] QStringList archivedClassNames() const override;
     void encodeWithCoder(platform::KeyedArchiver& coder) override;
-    [[nodiscard]] static std::shared_ptr<QLNoteChecklistItem> initWithCoder(platform::KeyedUnarchiver& coder);
+    [[nodiscard]] static std::shared_ptr<QLNoteChecklistItem>
+    initWithCoder(platform::KeyedUnarchiver& coder);
 
 private:
     bool m_on = false;

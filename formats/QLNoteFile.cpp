@@ -23,11 +23,15 @@ constexpr double newNoteFontSize = 14;
 
 } // namespace
 
-QString QLNoteFile::nameOfNewNote() { return platform::localizedString("New Note"); }
+QString QLNoteFile::nameOfNewNote()
+{
+    return platform::localizedString("New Note");
+}
 
 std::optional<QString> QLNoteFile::oldWelcomeNotePath()
 {
-    return platform::Bundle::main().pathForResource(QStringLiteral("Welcome to Quillery"), qlNoteFileExtension);
+    return platform::Bundle::main().pathForResource(QStringLiteral("Welcome to Quillery"),
+                                                    qlNoteFileExtension);
 }
 
 bool QLNoteFile::noteFileAtURLIsEmpty(const QUrl& url)
@@ -45,7 +49,8 @@ bool QLNoteFile::noteFileAtURLIsEmpty(const QUrl& url)
 platform::TextAttributes QLNoteFile::defaultNoteAttributes()
 {
     const platform::UserDefaults& defaults = platform::UserDefaults::standard();
-    const QString fontName = defaults.stringForKey(QStringLiteral("DefaultNoteFontName")).value_or(QString());
+    const QString fontName =
+        defaults.stringForKey(QStringLiteral("DefaultNoteFontName")).value_or(QString());
     const float fontSize = defaults.floatForKey(QStringLiteral("DefaultNoteFontSize"));
     platform::TextAttributes attributes;
     attributes.font = Font::fontNamed(fontName, static_cast<double>(fontSize));
@@ -87,10 +92,12 @@ std::shared_ptr<QLNoteFile> QLNoteFile::noteFileWithFileURL(const QUrl& url, Err
         return nullptr;
     auto note = std::make_shared<QLNoteFile>();
     platform::DocumentAttributes documentAttributes;
-    std::optional<AttributedString> text = platform::attributedStringFromRtfd(*package, &documentAttributes, error);
+    std::optional<AttributedString> text =
+        platform::attributedStringFromRtfd(*package, &documentAttributes, error);
     if (!text)
         return nullptr;
-    substituteFontFamily(*text, Font::systemFont(Font::systemFontSize).family, Font::userFont(newNoteFontSize).family);
+    substituteFontFamily(*text, Font::systemFont(Font::systemFontSize).family,
+                         Font::userFont(newNoteFontSize).family);
     note->setDocumentAttributes(documentAttributes);
     note->readRecord(*package, *text);
     note->setNoteText(*text);
@@ -115,9 +122,10 @@ FileWrapper::Pointer QLNoteFile::fileWrapper(Error* error)
     if (m_noteAttributes && m_noteAttributes->backgroundColor())
         m_documentAttributes.backgroundColor = m_noteAttributes->backgroundColor();
     QLNoteChecklistItems items;
-    const AttributedString stored = attributedStringByReplacingChecklists(m_noteText, &items, {0, m_noteText.length()});
-    const FileWrapper::Pointer package = platform::rtfdFileWrapper(stored, {0, stored.length()}, m_documentAttributes,
-                                                                   {qlNoteAttributesFileName}, error);
+    const AttributedString stored =
+        attributedStringByReplacingChecklists(m_noteText, &items, {0, m_noteText.length()});
+    const FileWrapper::Pointer package = platform::rtfdFileWrapper(
+        stored, {0, stored.length()}, m_documentAttributes, {qlNoteAttributesFileName}, error);
     if (!package)
         return nullptr;
     if (m_noteAttributes)
@@ -129,7 +137,8 @@ bool QLNoteFile::addRecord(FileWrapper& package, Error* error)
 {
     if (!m_noteAttributes)
         return true;
-    const std::optional<QByteArray> archive = QLNoteAttributes::archivedData(m_noteAttributes, error);
+    const std::optional<QByteArray> archive =
+        QLNoteAttributes::archivedData(m_noteAttributes, error);
     if (!archive)
         return false;
     package.addFileWrapper(FileWrapper::regularFile(*archive, qlNoteAttributesFileName));

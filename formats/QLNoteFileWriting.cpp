@@ -28,12 +28,15 @@ ResourceValues valuesToApply(const QString& path)
 
 } // namespace
 
-bool QLNoteFile::writeFileWrapper(const FileWrapper::Pointer& wrapper, const QString& toFile, Error* error)
+bool QLNoteFile::writeFileWrapper(const FileWrapper::Pointer& wrapper, const QString& toFile,
+                                  Error* error)
 {
     Error failure;
     const ResourceValues values = valuesToApply(toFile);
-    if (!addRecord(*wrapper, &failure) || !wrapper->writeTo(toFile, FileWrapper::WriteMode::Atomic, &failure)) {
-        platform::systemLog(QStringLiteral("Error writing note to %1: %2").arg(toFile, failure.description()));
+    if (!addRecord(*wrapper, &failure) ||
+        !wrapper->writeTo(toFile, FileWrapper::WriteMode::Atomic, &failure)) {
+        platform::systemLog(
+            QStringLiteral("Error writing note to %1: %2").arg(toFile, failure.description()));
         platform::setError(error, failure);
         return false;
     }

@@ -7,7 +7,6 @@
 #include "foundation/StringPathsBMExtensions.h"
 #include "platform/core/LocalizedStrings.h"
 #include "platform/core/PathUtilities.h"
-#include "platform/core/UrlString.h"
 #include "platform/files/FileManager.h"
 #include "platform/files/ResourceValues.h"
 #include "platform/propertylist/PropertyList.h"
@@ -36,14 +35,16 @@ const QString canPreviewBookmarkKey = QStringLiteral("canPreviewBookmark");
 
 bool fail(platform::Error* error, const char* description)
 {
-    platform::setError(error, platform::Error(qlWebBookmarkErrorDomain, qlWebBookmarkInvalidValueError,
-                                              platform::localizedString(description)));
+    platform::setError(error,
+                       platform::Error(qlWebBookmarkErrorDomain, qlWebBookmarkInvalidValueError,
+                                       platform::localizedString(description)));
     return false;
 }
 
 } // namespace
 
-QLWebBookmarkFile::Pointer QLWebBookmarkFile::bookmarkWithName(const QString& name, const QUrl& url)
+QLWebBookmarkFile::Pointer QLWebBookmarkFile::bookmarkWithName(const QString& name,
+                                                               const platform::Url& url)
 {
     auto bookmark = std::make_shared<QLWebBookmarkFile>();
     bookmark->setName(name);
@@ -51,9 +52,12 @@ QLWebBookmarkFile::Pointer QLWebBookmarkFile::bookmarkWithName(const QString& na
     return bookmark;
 }
 
-QLWebBookmarkFile::Pointer QLWebBookmarkFile::copy() const { return bookmarkWithName(m_name, m_url); }
+QLWebBookmarkFile::Pointer QLWebBookmarkFile::copy() const
+{
+    return bookmarkWithName(m_name, m_url);
+}
 
-QString QLWebBookmarkFile::fileExtensionForURL(const QUrl& url)
+QString QLWebBookmarkFile::fileExtensionForURL(const platform::Url& url)
 {
     for (const SchemeExtension& kind : schemeExtensions) {
         if (startsWith(url.scheme(), QLatin1String(kind.scheme)))
@@ -70,11 +74,20 @@ QStringList QLWebBookmarkFile::bookmarkFileTypes()
     return types << QLatin1String(otherExtension) << QStringLiteral("url");
 }
 
-QSet<QString> QLWebBookmarkFile::keyPathsForValuesAffectingIconImage() { return {urlKey}; }
+QSet<QString> QLWebBookmarkFile::keyPathsForValuesAffectingIconImage()
+{
+    return {urlKey};
+}
 
-QSet<QString> QLWebBookmarkFile::keyPathsForValuesAffectingCanPreviewBookmark() { return {urlKey}; }
+QSet<QString> QLWebBookmarkFile::keyPathsForValuesAffectingCanPreviewBookmark()
+{
+    return {urlKey};
+}
 
-QString QLWebBookmarkFile::name() const { return m_name.isEmpty() ? m_url.host() : m_name; }
+QString QLWebBookmarkFile::name() const
+{
+    return m_name.isEmpty() ? m_url.host() : m_name;
+}
 
 void QLWebBookmarkFile::setName(const QString& name)
 {
@@ -91,7 +104,7 @@ void QLWebBookmarkFile::setName(const QString& name)
     didChangeValueForKey(nameKey);
 }
 
-void QLWebBookmarkFile::setURL(const QUrl& url)
+void QLWebBookmarkFile::setURL(const platform::Url& url)
 {
     if (url == m_url)
         return;
@@ -103,6 +116,12 @@ void QLWebBookmarkFile::setURL(const QUrl& url)
     }
     m_url = url;
     didChangeValueForKey(urlKey);
+}
+
+QUrl QLWebBookmarkFile::fileURL() const
+{
+    const std::shared_ptr<const QUrl> url = m_fileUrl.load();
+    return url ? *url : QUrl();
 }
 
 int QLWebBookmarkFile::addObserver(const QString& key, Observer observer)
@@ -128,7 +147,7 @@ void QLWebBookmarkFile::didChangeValueForKey(const QString& key)
 
 std::optional<QByteArray> QLWebBookmarkFile::fileData(platform::Error* error) const
 {
-    QVariantMap dictionary{{urlKey, platform::absoluteStringOfUrl(m_url)}};
+    QVariantMap dictionary{{urlKey, m_url.absoluteString()}};
     if (!m_name.isEmpty())
         dictionary.insert(QStringLiteral("public.url-name"), m_name);
     return platform::propertyListData(dictionary, platform::PropertyListFormat::Binary, error);
@@ -156,17 +175,18 @@ platform::FileTypeIcon QLWebBookmarkFile::iconImage() const
 
 QString QLWebBookmarkFile::suggestedFilename() const
 {
-    const QString address = platform::absoluteStringOfUrl(m_url);
+    const QString address = m_url.absoluteString();
     QString suggestion = name();
     if (suggestion.isEmpty() || startsWith(suggestion, QStringLiteral("http://"))) {
-        const QString path = m_url.path(QUrl::FullyDecoded);
+        const QString path = m_url.path();
         suggestion = platform::stringByDeletingPathExtension(platform::lastPathComponent(path));
         if (m_url.scheme() == QLatin1String("mailto"))
             suggestion = address.mid(qsizetype(strlen("mailto:")));
         else if (suggestion.size() < 2)
             suggestion = address.mid(m_url.scheme().size() + qsizetype(strlen("://")));
     }
-    return fileSystemRepresentationString(stringSanitizedForFileName(suggestion + u'.' + fileExtensionForURL(m_url)));
+    return fileSystemRepresentationString(
+        stringSanitizedForFileName(suggestion + u'.' + fileExtensionForURL(m_url)));
 }
 
 bool QLWebBookmarkFile::canPreviewBookmark() const
@@ -179,11 +199,11 @@ bool QLWebBookmarkFile::validateName(QString& name, platform::Error* error) cons
     return !name.isEmpty() || fail(error, "Bookmark name must not be empty.");
 }
 
-bool QLWebBookmarkFile::validateURL(QUrl& url, platform::Error* error) const
+bool QLWebBookmarkFile::validateURL(platform::Url& url, platform::Error* error) const
 {
     if (url.isEmpty())
         return fail(error, "Bookmark URL must not be empty.");
     if (startsWith(url.scheme(), QStringLiteral("http")) && url.path().isEmpty())
-        url = QUrl(platform::absoluteStringOfUrl(url) + u'/');
+        url = platform::Url::fromString(url.absoluteString() + u'/').value_or(url);
     return true;
 }

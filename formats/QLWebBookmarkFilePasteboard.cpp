@@ -3,10 +3,14 @@
 
 #include "foundation/StringComparingBMExtensions.h"
 #include "foundation/StringEscapingBMExtensions.h"
-#include "platform/core/UrlString.h"
+#include "platform/core/CharacterSet.h"
+#include "platform/core/Url.h"
 #include "platform/pasteboard/PasteboardTypes.h"
 
+#include <algorithm>
+
 using platform::Pasteboard;
+using platform::Url;
 
 namespace {
 
@@ -20,26 +24,38 @@ const QString placeholderAddress = QStringLiteral("http://www.example.com/");
 
 const QStringList& messageTypes()
 {
-    static const QStringList types{QStringLiteral("MV Super-secret message transfer pasteboard type"),
-                                   QStringLiteral("com.apple.mail.PasteboardTypeMessageTransfer")};
+    static const QStringList types{
+        QStringLiteral("MV Super-secret message transfer pasteboard type"),
+        QStringLiteral("com.apple.mail.PasteboardTypeMessageTransfer")};
     return types;
 }
 
-bool isMessageLink(const QUrl& url)
+bool isMessageLink(const Url& url)
 {
-    return url.scheme() == QLatin1String("x-postbox-message") || url.scheme() == QLatin1String("message");
+    return isCaseInsensitiveEqualToString(url.scheme(), QStringLiteral("x-postbox-message")) ||
+           isCaseInsensitiveEqualToString(url.scheme(), QStringLiteral("message"));
+}
+
+// Browsers copy addresses with characters that the rules forbid, such as "|", but with none of
+// these.
+std::optional<Url> urlFromText(const QString& text)
+{
+    const bool hasBlank = std::any_of(text.begin(), text.end(), [](QChar unit) {
+        return platform::isWhitespaceOrNewlineCharacter(unit.unicode());
+    });
+    return hasBlank ? std::nullopt : Url::fromLooseString(text);
 }
 
 bool isAddress(const QString& text)
 {
-    return (text.contains(QLatin1String("://")) || text.contains(u'@')) && !text.contains(u' ')
-           && platform::urlWithString(text);
+    return (text.contains(QLatin1String("://")) || text.contains(u'@')) && !text.contains(u' ') &&
+           urlFromText(text);
 }
 
-std::optional<QUrl> urlFromLooseText(const QString& text)
+std::optional<Url> urlFromLooseText(const QString& text)
 {
-    const auto url = platform::urlWithString(text);
-    return url ? url : platform::urlWithString(percentEncodedURLString(text));
+    const auto url = Url::fromString(text);
+    return url ? url : Url::fromString(percentEncodedURLString(text));
 }
 
 QList<QLWebBookmarkFile::Pointer> bookmarksFromTitledUrls(const QVariantList& lists)
@@ -54,16 +70,16 @@ QList<QLWebBookmarkFile::Pointer> bookmarksFromTitledUrls(const QVariantList& li
     return bookmarks;
 }
 
-std::optional<QUrl> urlFromPlainText(const QString& text)
+std::optional<Url> urlFromPlainText(const QString& text)
 {
-    const bool isMailAddress = text.contains(u'@') && !text.contains(QLatin1String("://"))
-                               && !text.startsWith(QLatin1String("mailto:"));
-    return platform::urlWithString(isMailAddress ? QStringLiteral("mailto:") + text : text);
+    const bool isMailAddress = text.contains(u'@') && !text.contains(QLatin1String("://")) &&
+                               !text.startsWith(QLatin1String("mailto:"));
+    return urlFromText(isMailAddress ? QStringLiteral("mailto:") + text : text);
 }
 
 QString writtenAddress(const QLWebBookmarkFile& bookmark)
 {
-    const QString address = platform::absoluteStringOfUrl(bookmark.URL());
+    const QString address = bookmark.URL().absoluteString();
     return address.isEmpty() ? placeholderAddress : address;
 }
 
@@ -71,13 +87,14 @@ QString writtenAddress(const QLWebBookmarkFile& bookmark)
 
 QStringList QLWebBookmarkFile::bookmarksPasteboardTypes()
 {
-    return {titledUrlsType, labelledAddressesType, platform::pasteboardTypeUrl, platform::pasteboardTypeString};
+    return {titledUrlsType, labelledAddressesType, platform::pasteboardTypeUrl,
+            platform::pasteboardTypeString};
 }
 
 bool QLWebBookmarkFile::canInitWithPasteboard(const Pasteboard& pasteboard)
 {
-    if (pasteboard.availableTypeFromArray(messageTypes()) || isMessageLink(pasteboard.url().value_or(QUrl()))
-        || pasteboard.offers(noteItemType))
+    if (pasteboard.availableTypeFromArray(messageTypes()) ||
+        isMessageLink(pasteboard.url().value_or(Url())) || pasteboard.offers(noteItemType))
         return false;
     if (pasteboard.availableTypeFromArray(
             {titledUrlsType, platform::pasteboardTypeUrl, platform::pasteboardUniformTypeUrl}))
@@ -89,7 +106,8 @@ bool QLWebBookmarkFile::canInitWithPasteboard(const Pasteboard& pasteboard)
     return isAddress(pasteboard.stringForType(platform::pasteboardTypeString).value_or(QString()));
 }
 
-QList<QLWebBookmarkFile::Pointer> QLWebBookmarkFile::bookmarksWithPasteboard(const Pasteboard& pasteboard)
+QList<QLWebBookmarkFile::Pointer>
+QLWebBookmarkFile::bookmarksWithPasteboard(const Pasteboard& pasteboard)
 {
     const QString uniformTitledUrlsType = platform::uniformTypeForPasteboardType(titledUrlsType);
     const auto type = pasteboard.availableTypeFromArray({uniformTitledUrlsType, titledUrlsType,
@@ -98,12 +116,15 @@ QList<QLWebBookmarkFile::Pointer> QLWebBookmarkFile::bookmarksWithPasteboard(con
     if (!type)
         return {};
     if (*type == uniformTitledUrlsType || *type == titledUrlsType)
-        return bookmarksFromTitledUrls(pasteboard.propertyListForType(*type).value_or(QVariant()).toList());
+        return bookmarksFromTitledUrls(
+            pasteboard.propertyListForType(*type).value_or(QVariant()).toList());
     const bool isText = *type == platform::pasteboardUniformTypeText;
-    const auto url = isText ? urlFromPlainText(pasteboard.stringForType(*type).value_or(QString())) : pasteboard.url();
+    const auto url = isText ? urlFromPlainText(pasteboard.stringForType(*type).value_or(QString()))
+                            : pasteboard.url();
     if (!url)
         return {};
-    const auto name = isText ? std::nullopt : pasteboard.stringForType(platform::pasteboardUniformTypeUrlName);
+    const auto name =
+        isText ? std::nullopt : pasteboard.stringForType(platform::pasteboardUniformTypeUrlName);
     return {bookmarkWithName(name.value_or(QString()), *url)};
 }
 
@@ -115,17 +136,19 @@ bool QLWebBookmarkFile::writeBookmarkFiles(const QList<Pointer>& bookmarks, Past
     for (const Pointer& bookmark : bookmarks) {
         addresses += writtenAddress(*bookmark);
         names += bookmark->name();
-        labelled += QVariantMap{{labelKey, bookmark->name()}, {addressKey, writtenAddress(*bookmark)}};
+        labelled +=
+            QVariantMap{{labelKey, bookmark->name()}, {addressKey, writtenAddress(*bookmark)}};
     }
     pasteboard.clearContents();
     // Lists of texts are always property lists.
-    static_cast<void>(pasteboard.setPropertyList(QVariantList{QVariant(addresses), QVariant(names)}, titledUrlsType));
+    static_cast<void>(pasteboard.setPropertyList(QVariantList{QVariant(addresses), QVariant(names)},
+                                                 titledUrlsType));
     static_cast<void>(pasteboard.setPropertyList(labelled, labelledAddressesType));
     if (!bookmarks.isEmpty()) {
-        const QUrl& url = bookmarks.first()->URL();
+        const Url& url = bookmarks.first()->URL();
         if (!url.isEmpty())
             pasteboard.writeUrl(url);
-        pasteboard.setString(platform::absoluteStringOfUrl(url), platform::pasteboardTypeString);
+        pasteboard.setString(url.absoluteString(), platform::pasteboardTypeString);
     }
     return true;
 }

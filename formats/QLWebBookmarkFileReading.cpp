@@ -4,9 +4,12 @@
 #include "formats/QLWebBookmarkFile.h"
 #include "platform/core/CharacterSet.h"
 #include "platform/core/PathUtilities.h"
-#include "platform/core/UrlString.h"
+#include "platform/core/StringEncoding.h"
+#include "platform/core/Url.h"
 #include "platform/files/FileManager.h"
 #include "platform/propertylist/PropertyList.h"
+
+#include <QUtf8StringView>
 
 #include <algorithm>
 
@@ -20,7 +23,8 @@ QString textForKey(const QVariantMap& dictionary, const char* key)
 
 QString nameOfFile(const QUrl& fileUrl)
 {
-    return platform::stringByDeletingPathExtension(platform::lastPathComponent(fileUrl.toLocalFile()));
+    return platform::stringByDeletingPathExtension(
+        platform::lastPathComponent(fileUrl.toLocalFile()));
 }
 
 } // namespace
@@ -47,6 +51,16 @@ std::optional<QString> addressInShortcut(QStringView text)
     return rest.first(end - rest.begin()).toString();
 }
 
+std::optional<QString> addressInShortcut(const QByteArray& file)
+{
+    // Some programs write the code page of their computer, most often this one; an address is not
+    // to be lost to the path of an icon.
+    const auto encoding = QUtf8StringView(file).isValidUtf8()
+                              ? platform::StringEncoding::Utf8
+                              : platform::StringEncoding::WindowsLatin1;
+    return addressInShortcut(QStringView(platform::decodedString(file, encoding)));
+}
+
 QLWebBookmarkFile::Pointer QLWebBookmarkFile::bookmarkWithFileAtURL(const QUrl& fileUrl)
 {
     auto bookmark = std::make_shared<QLWebBookmarkFile>();
@@ -62,7 +76,7 @@ bool QLWebBookmarkFile::readWeblocFile(const QUrl& fileUrl)
     const auto bytes = platform::readFile(fileUrl.toLocalFile());
     const QLWebBookmarkContents contents = webBookmarkContents(bytes.value_or(QByteArray()));
     if (!contents.address.isEmpty())
-        setURL(platform::urlWithString(contents.address).value_or(QUrl()));
+        setURL(platform::Url::fromLooseString(contents.address).value_or(platform::Url()));
     if (!contents.name.isEmpty())
         setName(contents.name);
     if (m_name.isEmpty())
@@ -72,12 +86,12 @@ bool QLWebBookmarkFile::readWeblocFile(const QUrl& fileUrl)
 
 bool QLWebBookmarkFile::readURLFile(const QUrl& fileUrl)
 {
-    const auto text = platform::readTextFile(fileUrl.toLocalFile());
-    const auto address = text ? addressInShortcut(*text) : std::nullopt;
+    const auto bytes = platform::readFile(fileUrl.toLocalFile());
+    const auto address = bytes ? addressInShortcut(*bytes) : std::nullopt;
     if (!address)
         return false;
     setName(nameOfFile(fileUrl));
     if (!address->isEmpty())
-        setURL(platform::urlWithString(*address).value_or(QUrl()));
+        setURL(platform::Url::fromLooseString(*address).value_or(platform::Url()));
     return true;
 }

@@ -24,6 +24,7 @@ bool isInvisible(int folder, const char* name)
 
 std::optional<quint64> FolderSize::sizeOf(const QByteArray& path)
 {
+    *this = FolderSize();
     const int root = ::open(path.constData(), folderFlags);
     if (root < 0 || !push(root)) {
         m_failure = errno;

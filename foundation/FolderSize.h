@@ -12,9 +12,11 @@
 #include <utility>
 #include <vector>
 
-// Sums a folder's visible files, folder by folder. No path is ever put together and no call nests, so the
-// depth has no limit; streams stay open on the way down only as far as maximumOpenFolders, below that one
-// folder is open at a time and the way back is "..", checked to lead where it came from.
+// Sums a folder's visible files, folder by folder. No path is ever put together and no call nests,
+// so the depth has no limit; streams stay open on the way down only as far as maximumOpenFolders,
+// below that one folder is open at a time and the way back is "..", checked to lead where it came
+// from. Memory follows the depth, and below maximumOpenFolders the names of the folders that lie
+// side by side; never the number of files.
 class FolderSize {
 public:
     // None when the folder, or one of its immediate items, cannot be read; failure() then has the errno and

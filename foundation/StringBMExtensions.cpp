@@ -30,7 +30,8 @@ QString stringSanitizedForFileName(const QString& text)
     if (name.startsWith(QLatin1Char('.')))
         name[0] = QLatin1Char('-');
     for (QChar& character : name) {
-        if (character == QLatin1Char('/') || character == QLatin1Char(':') || character == QLatin1Char('~'))
+        if (character == QLatin1Char('/') || character == QLatin1Char(':') ||
+            character == QLatin1Char('~'))
             character = QLatin1Char('-');
     }
     const auto lineBreak = std::find_if(name.cbegin(), name.cend(), [](QChar character) {
@@ -44,6 +45,13 @@ QString stringSanitizedForFileName(const QString& text)
 
 QString makeFilenameUniqueInDirectoryAtURL(const QString& name, const QUrl& directoryUrl)
 {
+    qint64 first = 1;
+    return makeFilenameUniqueInDirectoryAtURL(name, directoryUrl, first);
+}
+
+QString makeFilenameUniqueInDirectoryAtURL(const QString& name, const QUrl& directoryUrl,
+                                           qint64& number)
+{
     const QString folder = directoryUrl.toLocalFile() + QLatin1Char('/');
     if (!platform::fileExistsAtPath(folder + name))
         return name;
@@ -51,11 +59,9 @@ QString makeFilenameUniqueInDirectoryAtURL(const QString& name, const QUrl& dire
     QString extension = platform::pathExtension(name);
     if (!extension.isEmpty())
         extension.prepend(QLatin1Char('.'));
-    QString candidate;
-    for (qint64 number = 1;; ++number) {
-        candidate = base + QLatin1Char(' ') + QString::number(number) + extension;
+    for (;; ++number) {
+        const QString candidate = base + QLatin1Char(' ') + QString::number(number) + extension;
         if (!platform::fileExistsAtPath(folder + candidate))
-            break;
+            return stringSanitizedForFileName(candidate);
     }
-    return stringSanitizedForFileName(candidate);
 }

@@ -63,13 +63,26 @@ qsizetype endOfWords(QStringView text, qsizetype limit)
 
 QString tagFromWord(QStringView word) { return word.toString().replace(u'_', u' ').replace(u'.', u' '); }
 
-QStringList tagsFromWords(const QString& comment, const QString* prefixes)
+// The length of the word's first character when that is one of the prefixes; 0 when it is none, or
+// when the word is that character alone.
+qsizetype prefixLength(QStringView word, const platform::CharacterSet& prefixes)
+{
+    if (word.size() < 2)
+        return 0;
+    const bool isPair = word[0].isHighSurrogate() && word[1].isLowSurrogate();
+    const char32_t first = isPair ? QChar::surrogateToUcs4(word[0], word[1]) : word[0].unicode();
+    return prefixes.contains(first) ? (isPair ? 2 : 1) : 0;
+}
+
+// With prefixes only the words that begin with one, without it.
+QStringList tagsFromWords(const QString& comment, const platform::CharacterSet* prefixes)
 {
     QStringList tags;
     for (const QStringView word : QStringView(comment).split(u' ')) {
-        if (prefixes && (word.size() < 2 || !prefixes->contains(word.front())))
+        const qsizetype skipped = prefixes ? prefixLength(word, *prefixes) : 0;
+        if (prefixes && skipped == 0)
             continue;
-        const QString tag = tagFromWord(prefixes ? word.sliced(1) : word);
+        const QString tag = tagFromWord(word.sliced(skipped));
         if (!tag.isEmpty())
             tags += tag;
     }
@@ -136,7 +149,7 @@ std::optional<QStringList> tagNamesFromSpotlightComments(const QString& comment)
     }
     if (!tagsArePrefixed())
         return tagsFromWords(comment, nullptr);
-    const QString prefixes = tagPrefixes();
+    const auto prefixes = platform::CharacterSet::charactersInString(tagPrefixes());
     return tagsFromWords(comment, &prefixes);
 }
 

@@ -8,9 +8,10 @@
 
 // Operations on texts that the notes application shares. Lengths are in UTF-16 code units; none of these fails.
 
-// A file name from the beginning of a text: its first line, or, when that is longer, as many whole words as
-// reach 128, up to the first period, without attachment characters (U+FFFC); made a file name and put into the
-// file system's form. None when nothing is left of the text.
+// A file name from the beginning of a text, without attachment characters (U+FFFC): what stands before
+// the first line end or control character, when there is one among the first 128; else the words up to
+// the first period, at most as far as the one that reaches or crosses 128. Made a file name and put into
+// the file system's form. None when nothing is left of the text.
 [[nodiscard]] std::optional<QString> generateFilename(const QString& text);
 
 // The name's extension is one of the notes application's encrypted items'. Case counts.

@@ -2,7 +2,8 @@
 // A bookmark file in any form of property list: what is read of it is written, and read again.
 #include "formats/QLWebBookmarkFile.h"
 #include "formats/QLWebBookmarkFileReading.h"
-#include "platform/core/UrlString.h"
+#include "platform/core/Url.h"
+#include "platform/pasteboard/Pasteboard.h"
 
 #include <cstdlib>
 #include <stdexcept>
@@ -11,13 +12,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     const auto contents =
         webBookmarkContents(QByteArrayView(reinterpret_cast<const char*>(data), qsizetype(size)));
-    const auto url = platform::urlWithString(contents.address);
-    const auto bookmark = QLWebBookmarkFile::bookmarkWithName(contents.name, url.value_or(QUrl()));
+    const auto url = platform::Url::fromLooseString(contents.address).value_or(platform::Url());
+    const auto bookmark = QLWebBookmarkFile::bookmarkWithName(contents.name, url);
     const auto written = bookmark->fileData();
-    if (!written)
+    if (!written || webBookmarkContents(*written).address != url.absoluteString())
         std::abort();
-    const auto again = webBookmarkContents(*written);
-    if (again.address != platform::absoluteStringOfUrl(bookmark->URL()))
+    platform::Pasteboard pasteboard;
+    QLWebBookmarkFile::writeBookmarkFiles({bookmark}, pasteboard);
+    const auto pasted = QLWebBookmarkFile::bookmarksWithPasteboard(pasteboard);
+    if (pasted.size() != 1 || (!url.isEmpty() && pasted.first()->URL() != url))
         std::abort();
     try {
         if (bookmark->suggestedFilename().contains(u'/'))

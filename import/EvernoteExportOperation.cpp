@@ -4,20 +4,17 @@
 #include "convert/NoteDocument.h"
 #include "foundation/BMXLogManager.h"
 #include "foundation/OutputStreamBMExtensions.h"
-#include "foundation/FileNameFitting.h"
 #include "import/EvernoteHTMLExportOperation.h"
 #include "import/EvernoteXMLExportOperation.h"
 #include "import/ExportErrors.h"
-#include "platform/core/Bundle.h"
 #include "platform/core/LocalizedStrings.h"
 #include "platform/core/NumericText.h"
+#include "platform/core/SystemLog.h"
 #include "platform/defaults/UserDefaults.h"
-#include "platform/files/FileManager.h"
 #include "platform/scripting/QuilleryIdentifiers.h"
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cmath>
 
 using platform::Error;
@@ -27,9 +24,6 @@ using platform::UserDefaults;
 using platform::manifest::Record;
 
 namespace {
-
-// How the platform writes a value that is not there.
-const QString nilText = QStringLiteral("(null)");
 
 const std::array<QString, 2>& quilleryEditions()
 {
@@ -81,9 +75,14 @@ EvernoteExportOperation::EvernoteExportOperation()
 
 EvernoteExportOperation::~EvernoteExportOperation()
 {
-    // A run that was cancelled before it could end has not given it back.
-    if (m_logStream)
-        BMXLogManager::sharedManager().restoreStandardError();
+    // A run that was cancelled before it could end has not done so.
+    releaseSharedState();
+}
+
+void EvernoteExportOperation::releaseSharedState()
+{
+    BMXLogManager::sharedManager().endRedirection(std::exchange(m_redirection, 0));
+    m_heldSettings.reset();
 }
 
 void EvernoteExportOperation::log(const QString& line) { writeLogLine(m_logStream.get(), line); }
@@ -119,7 +118,13 @@ std::optional<QString> EvernoteExportOperation::getQuilleryApplicationBundleIden
                                         localizedString("Quillery app not found.")));
         return std::nullopt;
     }
-    if (!isRecentEnough(application->version())) {
+    const QString version = application->version();
+    // One that does not answer is not one that is too old.
+    if (const std::optional<Error> silence = application->lastError(); silence && version.isNull()) {
+        platform::setError(error, *silence);
+        return std::nullopt;
+    }
+    if (!isRecentEnough(version)) {
         platform::setError(error, Error(evernoteExportErrorDomain, EvernoteExportErrorQuilleryTooOld,
                                         localizedString("Quillery 3.5 or later is required.")));
         return std::nullopt;
@@ -128,83 +133,19 @@ std::optional<QString> EvernoteExportOperation::getQuilleryApplicationBundleIden
     return identifier;
 }
 
-Error EvernoteExportOperation::directoryError()
+std::optional<EvernoteExportOperation::Notes> EvernoteExportOperation::fetchNotes(const Notebook& notebook,
+                                                                                  Error* error)
 {
-    return {evernoteExportErrorDomain, EvernoteExportErrorNoDirectory,
-            localizedString("Unable to create the temporary directory to export files.")};
-}
-
-bool EvernoteExportOperation::prepareToExportWithAppIdentifier(const QString& identifier, Error* error)
-{
-    m_filesPath = m_directories.filesPathFor(identifier);
-    // Before there is a log, so this line reaches nobody.
-    log(QStringLiteral("Exporting to directory: ") + m_filesPath);
-    if (m_filesPath.isEmpty()
-        || (platform::fileExistsAtPath(m_filesPath) && !platform::removeItem(m_filesPath))) {
-        platform::setError(error, directoryError());
-        return false;
+    Notes notes = notebook->notes();
+    const std::optional<Error> failure = m_evernoteApp ? m_evernoteApp->lastError() : std::nullopt;
+    // No notes and no answer look the same.
+    if (notes.empty() && failure) {
+        platform::setError(error, *failure);
+        return std::nullopt;
     }
-    if (!platform::createDirectory(m_filesPath, platform::IntermediateFolders::Create))
-        platform::setError(error, directoryError());
-    m_libraryPlist = std::make_shared<ImportManifest>(m_filesPath);
-    openLog(identifier);
-    log(QStringLiteral("Vupuge %1 OS X %2")
-            .arg(platform::Bundle::main().shortVersionString(), platform::operatingSystemVersionString()));
-    log(QStringLiteral("Quillery Version %1 Evernote Version %2")
-            .arg(m_quilleryApp ? m_quilleryApp->version() : nilText, m_evernoteApp ? m_evernoteApp->version() : nilText));
-    return true;
-}
-
-void EvernoteExportOperation::openLog(const QString& identifier)
-{
-    const QString folder = m_directories.logFolderFor(identifier);
-    const QString path = folder + QStringLiteral("/Evernote Export.log");
-    static_cast<void>(platform::createDirectory(folder, platform::IntermediateFolders::Create));
-    static_cast<void>(platform::removeItem(path));
-    m_logStream = std::make_shared<platform::OutputStream>(path, platform::OutputStream::Mode::Append);
-    // A run without a log is still a run.
-    static_cast<void>(m_logStream->open());
-    BMXLogManager::sharedManager().redirectStandardErrorToFileAtPath(path);
-}
-
-Record EvernoteExportOperation::makeNotebookFolder(const QString& name, QString* folderPath, Error* error)
-{
-    std::optional<QString> path = platform::pathWithin(m_filesPath, name, error);
-    *folderPath = path.value_or(m_filesPath + QLatin1Char('/') + name);
-    if (name.compare(platform::manifest::fileName, Qt::CaseInsensitive) == 0) {
-        // The manifest's own place.
-        platform::setError(error, platform::fileError(platform::FileAccess::Write, *folderPath, EEXIST));
-        path.reset();
-    }
-    if (!path || !platform::createDirectory(*path, platform::IntermediateFolders::Require, error))
-        return nullptr;
-    Record folder = ImportManifest::newFolderRecord(name);
-    m_libraryPlist->addFolder(folder);
-    log(QStringLiteral("Exporting notes"));
-    return folder;
-}
-
-void EvernoteExportOperation::logUnableToCreate(const QString& folderPath, const Error& error)
-{
-    log(QStringLiteral("Unable to create notebook directory %1: %2").arg(folderPath, error.description()));
-}
-
-bool EvernoteExportOperation::prepareToExportNotebook(const Notebook& notebook, QString* notebookFilesPath,
-                                                      Record* targetFolder, Error*)
-{
-    const QString name = notebook->name();
-    QString folderPath;
-    Error failure;
-    const Record folder = makeNotebookFolder(fileNameFromTitle(name), &folderPath, &failure);
-    if (!folder) {
-        informDelegateDidEncounterError(directoryError());
-        logUnableToCreate(folderPath, failure);
-        return false;
-    }
-    *notebookFilesPath = folderPath;
-    *targetFolder = folder;
-    informDelegateWillExportRecordsFromNotebook(notebook->notes().size(), name);
-    return true;
+    m_report.notes += notes.size() - m_countedNotes;
+    m_countedNotes = notes.size();
+    return notes;
 }
 
 void EvernoteExportOperation::main()
@@ -223,6 +164,27 @@ void EvernoteExportOperation::main()
 
 void EvernoteExportOperation::exportNoteBook(const Notebook& notebook)
 {
+    // A hook that ends its notebook at once asks for the next one from within itself. One call inside the other
+    // for each notebook would need a stack as deep as there are notebooks; so the outermost call does them all.
+    struct Loop {
+        EvernoteExportOperation* run;
+        Notebook next;
+    };
+    static thread_local Loop* runningLoop = nullptr;
+    if (runningLoop && runningLoop->run == this) {
+        runningLoop->next = notebook;
+        return;
+    }
+    Loop loop{this, notebook};
+    Loop* const outer = std::exchange(runningLoop, &loop);
+    while (const Notebook next = std::exchange(loop.next, nullptr))
+        exportOneNoteBook(next);
+    runningLoop = outer;
+}
+
+void EvernoteExportOperation::exportOneNoteBook(const Notebook& notebook)
+{
+    ++m_notebooksBegun;
     log(QStringLiteral("*** Export started for notebook: ") + notebook->name());
     QString folderPath;
     Record folder;
@@ -250,24 +212,34 @@ void EvernoteExportOperation::exportNotebookDidEnd(const Notebook& notebook, con
 
 void EvernoteExportOperation::finishRun()
 {
-    // What the application makes of a manifest that could not be written, it reports itself.
-    static_cast<void>(m_libraryPlist->write());
-    m_quilleryApp->activate();
     Error error;
+    // What the application makes of a manifest that could not be written, it reports itself.
+    if (!m_libraryPlist->write(&error))
+        platform::systemLog(QStringLiteral("Couldn't write the import manifest: %1").arg(error.description()));
+    m_quilleryApp->activate();
+    error = {};
     const bool imported = m_quilleryApp->importFiles({m_libraryPlist->path()}, QuilleryApplication::ImportMode::Copy,
                                                      {}, 0, {}, 0, {}, &error);
+    releaseSharedState();
     if (!imported) {
-        stopRun(error);
+        // No cancellation, even if somebody asked for one meanwhile: something may have been imported.
+        informDelegateDidEncounterError(error);
         return;
     }
-    BMXLogManager::sharedManager().restoreStandardError();
     informDelegateDidEnd();
     m_logStream->close();
 }
 
+void EvernoteExportOperation::countNotebooksLeft()
+{
+    for (; m_notebooksBegun < m_notebooks.size(); ++m_notebooksBegun)
+        m_report.notes += m_notebooks[m_notebooksBegun]->numberOfNotes();
+}
+
 void EvernoteExportOperation::stopRun(const std::optional<Error>& error)
 {
-    BMXLogManager::sharedManager().restoreStandardError();
+    countNotebooksLeft();
+    releaseSharedState();
     if (error && isCancelled())
         informDelegateDidCancel();
     else

@@ -13,5 +13,7 @@ enum EvernoteExportErrorCode : int {
     EvernoteExportErrorNoQuillery = 10003,
     EvernoteExportErrorNoDirectory = 10004,
     EvernoteExportErrorCancelled = 10005,
-    EvernoteExportErrorNoConnection = 10006
+    // These end no run; they stand in the report only.
+    EvernoteExportErrorNoteNotExported = 10101,
+    EvernoteExportErrorNoteReplaced = 10102
 };

@@ -4,6 +4,7 @@
 #include "platform/core/DateFormatter.h"
 #include "platform/core/LocalizedStrings.h"
 #include "platform/core/Uuid.h"
+#include "platform/propertylist/PropertyList.h"
 #include "platform/propertylist/XmlPropertyListStream.h"
 
 #include <algorithm>
@@ -42,6 +43,19 @@ Record ImportManifest::newFolderRecord(const QString& name)
     return folder;
 }
 
+bool ImportManifest::removeUnwritableDates(QVariantMap& item)
+{
+    bool removed = false;
+    for (const QString& key : {manifest::dateCreatedKey, manifest::dateModifiedKey}) {
+        const auto date = item.constFind(key);
+        if (date == item.constEnd() || platform::xmlPropertyListHoldsDate(date->toDateTime()))
+            continue;
+        item.erase(date);
+        removed = true;
+    }
+    return removed;
+}
+
 void ImportManifest::addFolder(const Record& folder)
 {
     m_folders.insert(folder->value(manifest::identifierKey).toString(), folder);
@@ -52,8 +66,21 @@ void ImportManifest::addItems(const ItemRecordList& items, const Record& folder)
     QStringList identifiers;
     for (qsizetype position = 0; position < items.size(); ++position)
         identifiers += items.at(position)->value(manifest::identifierKey).toString();
-    folder->insert(manifest::itemsKey, identifiers);
     m_items.push_back({items, identifiers, folder->value(manifest::identifierKey)});
+    identifiers.removeDuplicates();
+    folder->insert(manifest::itemsKey, identifiers);
+}
+
+void ImportManifest::addMovedFolder(const ImportManifest& other, const QString& identifier, const QString& from,
+                                    const QString& to)
+{
+    m_folders.insert(identifier, other.m_folders.value(identifier));
+    for (FolderItems items : other.m_items) {
+        if (items.folderIdentifier.toString() != identifier)
+            continue;
+        items.records.moveFolder(from, to);
+        m_items.push_back(std::move(items));
+    }
 }
 
 const QString& ImportManifest::identifierAt(const Place& place) const
@@ -99,9 +126,9 @@ QVariantMap ImportManifest::propertyList() const
 
 QString ImportManifest::path() const { return m_filesPath + QLatin1Char('/') + manifest::fileName; }
 
-bool ImportManifest::write(platform::Error* error) const
+bool ImportManifest::writeToFile(const QString& path, platform::Error* error) const
 {
-    platform::XmlPropertyListStream list(path());
+    platform::XmlPropertyListStream list(path);
     list.beginDictionary();
     list.writeKey(manifest::entitiesKey);
     list.beginDictionary();

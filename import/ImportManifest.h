@@ -22,12 +22,20 @@ public:
     // of the import as its comment.
     [[nodiscard]] static platform::manifest::Record newFolderRecord(const QString& name);
 
+    // Takes out of an item's record the dates that the file has no place for: those outside the years 1 to 9999, as
+    // damaged exports have them. False when there are none.
+    static bool removeUnwritableDates(QVariantMap& item);
+
     // The record stays shared: what is put into it later is in the manifest, too.
     void addFolder(const platform::manifest::Record& folder);
 
-    // Enters a notebook's items, in order, and lists them in its folder record. They learn their folder only in
-    // the property list: the records stay shared with the caller's list, and as they are.
+    // Enters a notebook's items, in order, and lists them in its folder record, each identifier once: of several
+    // items of one identifier the last is the one that the manifest has. They learn their folder only in the
+    // property list: the records stay shared with the caller's list, and as they are.
     void addItems(const ItemRecordList& items, const platform::manifest::Record& folder);
+
+    // Enters a folder of another manifest with its items, whose files were moved from one folder to the other.
+    void addMovedFolder(const ImportManifest& other, const QString& identifier, const QString& from, const QString& to);
 
     [[nodiscard]] const QMap<QString, platform::manifest::Record>& folders() const { return m_folders; }
 
@@ -36,7 +44,9 @@ public:
 
     // Writes the XML property list to the manifest's file in the files folder, one item at a time. After a
     // failure there is no file, or the one that was there before.
-    [[nodiscard]] bool write(platform::Error* error = nullptr) const;
+    [[nodiscard]] bool write(platform::Error* error = nullptr) const { return writeToFile(path(), error); }
+    // The same to another place, for a files folder that is not yet where it will be.
+    [[nodiscard]] bool writeToFile(const QString& path, platform::Error* error = nullptr) const;
     [[nodiscard]] QString path() const;
 
 private:

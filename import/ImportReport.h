@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "enex/EnexCensus.h"
+#include "enex/NoteCounts.h"
 #include "platform/core/Error.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 #include <vector>
@@ -26,4 +29,15 @@ struct ImportReport {
     quint64 items = 0;
     std::vector<SkippedNote> skipped;
     std::vector<Warning> warnings;
+    // What the person should know of the run as a whole, in their language.
+    QStringList remarks;
+
+    // Of all notes that were handled.
+    NoteCounts counts;
+
+    // Whether the file is of today's Evernote, and was read whole. Of a run over one file.
+    ModernFileSigns modernSigns;
+    bool isReadAsModern = false;
+    // It was so because of the signs alone: nobody had asked for it.
+    bool isRecognizedAsModern = false;
 };

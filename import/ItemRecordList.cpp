@@ -112,6 +112,14 @@ void ItemRecordList::append(const Record& record)
     m_records += bytes;
 }
 
+void ItemRecordList::moveFolder(const QString& from, const QString& to)
+{
+    for (QString& folder : m_folders) {
+        if (folder == from || folder.startsWith(from + QLatin1Char('/')))
+            folder.replace(0, from.size(), to);
+    }
+}
+
 Record ItemRecordList::at(qsizetype position) const
 {
     const Record record = manifest::makeRecord();

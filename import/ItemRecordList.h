@@ -18,6 +18,9 @@ public:
     // The list takes the record as it is now; what is put into it later is not in the list.
     void append(const platform::manifest::Record& record);
 
+    // The files in the folder of one path, and in folders below it, now lie in that of another.
+    void moveFolder(const QString& from, const QString& to);
+
     // A record of the caller's own, made anew: equal to the one that was appended, with dates in UTC and
     // integers as 64 bits wide.
     [[nodiscard]] platform::manifest::Record at(qsizetype position) const;

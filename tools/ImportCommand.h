@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "import/EvernoteXMLFileExportOperation.h"
 #include "tools/ImportDestination.h"
 #include "tools/ImportOptions.h"
+#include "tools/ImportSource.h"
 #include "tools/RunOutcome.h"
-
-#include <QHash>
 
 #include <memory>
 #include <vector>
 
-class FileRun;
+class ImportRun;
 class ProgressDisplay;
 
 // The exit statuses of vupuge-import.
@@ -21,7 +21,7 @@ enum class ExitStatus : int {
     NotesSkipped = 3 // only where asked for
 };
 
-// Imports the files of a command line, one run each, and says what became of them.
+// Imports the files or notebooks of a command line, one run each, and says what became of them.
 class ImportCommand {
 public:
     explicit ImportCommand(ImportOptions options);
@@ -29,20 +29,23 @@ public:
     [[nodiscard]] ExitStatus execute();
 
 private:
-    void checkFiles();
+    // Anything but success ends the command.
+    [[nodiscard]] ExitStatus findSources();
+    [[nodiscard]] ExitStatus findNotebooks();
+    void findFiles();
     [[nodiscard]] ExitStatus prepare(ImportDestination& destination);
-    void runFiles(ImportDestination& destination);
-    [[nodiscard]] RunOutcome runFile(const QString& file, ImportDestination& destination,
-                                     ProgressDisplay& progress, QStringList& places);
+    void runAll(ImportDestination& destination);
+    [[nodiscard]] RunOutcome runSource(const ImportSource& source, ImportDestination& destination,
+                                       ProgressDisplay& progress, QStringList& places);
+    [[nodiscard]] EvernoteXMLFileExportOperation::ModernFiles modernFiles() const;
     void interrupt();
     [[nodiscard]] bool writeReport() const;
     [[nodiscard]] ExitStatus status() const;
 
     ImportOptions m_options;
-    // Files that need not be tried, and why.
-    QHash<QString, platform::Error> m_unreadable;
+    std::vector<ImportSource> m_sources;
     EarlierImport m_earlierImport;
     std::vector<RunOutcome> m_outcomes;
-    FileRun* m_currentRun = nullptr;
+    ImportRun* m_currentRun = nullptr;
     bool m_interrupted = false;
 };

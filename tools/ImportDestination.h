@@ -43,6 +43,9 @@ public:
     // After each run; where what it made lies, a line each. Corrects the outcome where the destination knows
     // better.
     [[nodiscard]] virtual QStringList finishRun(RunOutcome& outcome) = 0;
+    // After the last run, what can only be done for all of them; where that lies, a line each. False with an error
+    // when nothing of what the runs imported is where it should be.
+    [[nodiscard]] virtual bool finish(QStringList*, platform::Error*) { return true; }
 
     [[nodiscard]] static std::unique_ptr<ImportDestination> forOptions(const ImportOptions& options);
 };

@@ -6,6 +6,8 @@
 #include <QCommandLineParser>
 #include <QDir>
 
+#include <algorithm>
+
 namespace {
 
 QString absolute(const QString& path)
@@ -24,7 +26,33 @@ bool addSetting(const QString& text, ImportOptions& options, QString* problem)
     return true;
 }
 
+// False with a sentence where the options say two things at once, or nothing to do.
+bool areConsistent(const ImportOptions& options, QString* problem)
+{
+    problem->clear();
+    const bool isAboutNotebooks = options.notebooks != ImportOptions::Notebooks::None;
+    if (!isAboutNotebooks && !options.evernote.isEmpty())
+        *problem = QStringLiteral("--evernote needs --notebooks or --list-notebooks.");
+    else if (!isAboutNotebooks && options.files.isEmpty())
+        *problem = QStringLiteral("No file to import.");
+    else if (options.notebooks == ImportOptions::Notebooks::List && !options.notebookNames.isEmpty())
+        *problem = QStringLiteral("--list-notebooks lists all notebooks and takes no names.");
+    else if (isAboutNotebooks && options.exact)
+        *problem = QStringLiteral("--exact is for files, not for notebooks.");
+    else if (options.exact && options.setsKey(QStringLiteral("ModernENEX")))
+        *problem = QStringLiteral("--exact and --set ModernENEX exclude each other.");
+    else if (!options.filesFolder.isEmpty() && !options.library.isEmpty())
+        *problem = QStringLiteral("--files-folder and --library exclude each other.");
+    return problem->isEmpty();
+}
+
 } // namespace
+
+bool ImportOptions::setsKey(const QString& key) const
+{
+    return std::any_of(settings.begin(), settings.end(),
+                       [&key](const QPair<QString, QVariant>& setting) { return setting.first == key; });
+}
 
 QVariant settingValueFromText(const QString& text)
 {
@@ -45,6 +73,18 @@ QVariant settingValueFromText(const QString& text)
 
 std::optional<ImportOptions> importOptionsFromArguments(const QStringList& arguments, QString* problem)
 {
+    const QCommandLineOption notebooks(
+        QStringLiteral("notebooks"),
+        QStringLiteral("Import notebooks of Evernote instead of files: those named, or all."));
+    const QCommandLineOption listNotebooks(
+        QStringLiteral("list-notebooks"),
+        QStringLiteral("List the notebooks of Evernote with the number of their notes."));
+    const QCommandLineOption evernote(
+        QStringLiteral("evernote"),
+        QStringLiteral("Take the ENEX files in <DIR> for the notebooks of Evernote, folders in it for stacks. "
+                       "Otherwise Evernote is asked where it is installed, else the folder of the setting "
+                       "EvernoteExportsFolder is taken."),
+        QStringLiteral("DIR"));
     const QCommandLineOption filesFolder(
         QStringLiteral("files-folder"),
         QStringLiteral("Lay everything out in <DIR>/Evernote and leave it there; the log goes into <DIR>."),
@@ -63,6 +103,10 @@ std::optional<ImportOptions> importOptionsFromArguments(const QStringList& argum
                                     QStringLiteral("FILE"));
     const QCommandLineOption strict(QStringLiteral("strict"),
                                     QStringLiteral("Exit with 3 when a note was skipped."));
+    const QCommandLineOption exact(
+        QStringLiteral("exact"),
+        QStringLiteral("Read every file as it stands. Otherwise a file of today's Evernote is read with the "
+                       "setting ModernENEX on, unless --set says NO."));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
                                   QStringLiteral("Show this text."));
     const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
@@ -70,10 +114,11 @@ std::optional<ImportOptions> importOptionsFromArguments(const QStringList& argum
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Imports Evernote's ENEX files into Quillery."));
-    parser.addPositionalArgument(QStringLiteral("FILE.enex"),
-                                 QStringLiteral("The files to import, one run each."),
-                                 QStringLiteral("FILE.enex…"));
-    parser.addOptions({filesFolder, library, set, report, strict, help, version});
+    parser.addPositionalArgument(
+        QStringLiteral("FILE.enex"),
+        QStringLiteral("The files to import, or with --notebooks the names of notebooks; one run each."),
+        QStringLiteral("[FILE.enex… | --notebooks [NAME…]]"));
+    parser.addOptions({notebooks, listNotebooks, evernote, filesFolder, library, set, report, strict, exact, help, version});
 
     if (!parser.parse(arguments)) {
         *problem = parser.errorText();
@@ -88,28 +133,33 @@ std::optional<ImportOptions> importOptionsFromArguments(const QStringList& argum
     if (!options.information.isEmpty())
         return options;
 
-    for (const QCommandLineOption& folder : {filesFolder, library, report}) {
+    for (const QCommandLineOption& folder : {filesFolder, library, report, evernote}) {
         if (parser.isSet(folder) && parser.value(folder).isEmpty()) {
             *problem = QStringLiteral("--%1 needs a path.").arg(folder.names().constFirst());
             return std::nullopt;
         }
     }
-    options.files = parser.positionalArguments();
+    if (parser.isSet(notebooks) && parser.isSet(listNotebooks)) {
+        *problem = QStringLiteral("--notebooks and --list-notebooks exclude each other.");
+        return std::nullopt;
+    }
+    if (parser.isSet(notebooks))
+        options.notebooks = ImportOptions::Notebooks::Import;
+    else if (parser.isSet(listNotebooks))
+        options.notebooks = ImportOptions::Notebooks::List;
+    (options.notebooks == ImportOptions::Notebooks::None ? options.files : options.notebookNames)
+        = parser.positionalArguments();
+    options.evernote = absolute(parser.value(evernote));
     options.filesFolder = absolute(parser.value(filesFolder));
     options.library = absolute(parser.value(library));
     options.reportPath = absolute(parser.value(report));
     options.strict = parser.isSet(strict);
+    options.exact = parser.isSet(exact);
     for (const QString& setting : parser.values(set)) {
         if (!addSetting(setting, options, problem))
             return std::nullopt;
     }
-    if (options.files.isEmpty()) {
-        *problem = QStringLiteral("No file to import.");
+    if (!areConsistent(options, problem))
         return std::nullopt;
-    }
-    if (!options.filesFolder.isEmpty() && !options.library.isEmpty()) {
-        *problem = QStringLiteral("--files-folder and --library exclude each other.");
-        return std::nullopt;
-    }
     return options;
 }

@@ -2,8 +2,8 @@
 #include "tools/LibraryDestination.h"
 
 #include "platform/core/StandardDirectories.h"
-#include "platform/defaults/UserDefaults.h"
 #include "platform/files/FileManager.h"
+#include "platform/scripting/EmbeddedLibrary.h"
 #include "platform/scripting/EmbeddedScriptingBridge.h"
 #include "platform/scripting/LibraryCatalogue.h"
 #include "platform/scripting/QuilleryIdentifiers.h"
@@ -19,17 +19,6 @@
 #include <sys/stat.h>
 
 namespace {
-
-QString libraryDirectory(const QString& chosen)
-{
-    if (!chosen.isEmpty())
-        return chosen;
-    const std::optional<QString> setting
-        = platform::UserDefaults::standard().stringForKey(QStringLiteral("QuilleryLibraryFolder"));
-    if (setting && !setting->isEmpty())
-        return *setting;
-    return platform::StandardDirectories::documents() + QStringLiteral("/Quillery Library");
-}
 
 // The same for every way in which a path can be written, whether the folder is there yet or not.
 QString canonicalPath(const QString& path)
@@ -83,7 +72,8 @@ bool isSame(const platform::FailedImportItem& left, const platform::FailedImport
 } // namespace
 
 LibraryDestination::LibraryDestination(const QString& directory)
-    : m_library(std::make_shared<RunLibrary>(libraryDirectory(directory)))
+    : m_library(std::make_shared<RunLibrary>(
+          directory.isEmpty() ? platform::embeddedLibraryFolder() : directory))
 {
 }
 
@@ -103,15 +93,7 @@ bool LibraryDestination::lockTemporaryFolder(QString* problem)
         *problem = QStringLiteral("There is no private temporary folder, and none can be made.");
         return false;
     }
-    m_lock = std::make_unique<QLockFile>(m_temporary + QStringLiteral("/Evernote.lock"));
-    // Only a process that is gone makes a lock stale, however long an import takes.
-    m_lock->setStaleLockTime(0);
-    if (m_lock->tryLock())
-        return true;
-    *problem = m_lock->error() == QLockFile::LockFailedError
-                   ? QStringLiteral("Another import into %1 is running.").arg(m_library->directory())
-                   : QStringLiteral("Nothing can be written into %1.").arg(m_temporary);
-    return false;
+    return m_lock.acquire(m_temporary, m_library->directory(), problem);
 }
 
 void LibraryDestination::finishInterruptedImports()

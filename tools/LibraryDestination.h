@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tools/FilesFolderLock.h"
 #include "tools/ImportDestination.h"
 #include "tools/RunLibrary.h"
-
-#include <QLockFile>
 
 // The embedded library at a path, else where the setting "QuilleryLibraryFolder" says, else the folder
 // "Quillery Library" in the user's documents.
@@ -30,7 +29,7 @@ private:
     std::shared_ptr<RunLibrary> m_library;
     QString m_temporary;
     // Runs into a library share its files folder, so one process runs at a time.
-    std::unique_ptr<QLockFile> m_lock;
+    FilesFolderLock m_lock;
     EarlierImport m_earlierImport;
     // Of an earlier import that could not be finished, which every run tries and tells again.
     std::vector<platform::FailedImportItem> m_earlierFailures;

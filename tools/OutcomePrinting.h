@@ -9,3 +9,6 @@ void printOutcome(const RunOutcome& outcome, const QStringList& places);
 
 // What was finished of an interrupted import; nothing where there was none.
 void printEarlierImport(const EarlierImport& earlier);
+
+// Where items lie, a line each.
+void printPlaces(const QStringList& places);

@@ -35,6 +35,39 @@ QString TotalCounts::sentence() const
     return QStringLiteral("%1: %2.").arg(countedNotes(notes), parts.join(QStringLiteral(", ")));
 }
 
+QStringList TotalCounts::contentLines() const
+{
+    QStringList lines;
+    // The parts of a whole that are not nothing.
+    const auto add = [&lines](const QString& whole, quint64 count, const QList<QPair<QString, quint64>>& parts) {
+        if (count == 0)
+            return;
+        QStringList texts;
+        for (const auto& [text, part] : parts) {
+            if (part > 0)
+                texts += QStringLiteral("%1 %2").arg(part).arg(text);
+        }
+        const QString inBrackets = texts.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(texts.join(QStringLiteral(", ")));
+        lines += QStringLiteral("%1: %2%3.").arg(whole).arg(count).arg(inBrackets);
+    };
+    const QString inSkippedNotes = QStringLiteral("in skipped notes");
+    add(QStringLiteral("Attachments"), content.resources,
+        {{QStringLiteral("shown"), content.shownResources},
+         {QStringLiteral("kept at the end of their notes"), content.keptResources},
+         {QStringLiteral("left out"), content.leftOutResources},
+         {inSkippedNotes, content.resourcesOfSkippedNotes}});
+    add(QStringLiteral("Missing attachments"), content.missingAttachments, {});
+    add(QStringLiteral("Encrypted passages"), content.encryptedPassages, {});
+    add(QStringLiteral("Tasks"), content.tasks,
+        {{QStringLiteral("to-do lines"), content.taskLines},
+         {QStringLiteral("left out"), content.leftOutTasks},
+         {inSkippedNotes, content.tasksOfSkippedNotes}});
+    add(QStringLiteral("Links between notes"), content.links,
+        {{QStringLiteral("lead to items"), content.resolvedLinks},
+         {QStringLiteral("as they were"), content.links - content.resolvedLinks}});
+    return lines;
+}
+
 TotalCounts totalCounts(const std::vector<RunOutcome>& outcomes)
 {
     TotalCounts counts;
@@ -42,6 +75,7 @@ TotalCounts totalCounts(const std::vector<RunOutcome>& outcomes)
         counts.notes += outcome.report.notes;
         counts.items += outcome.importedItems();
         counts.skipped += outcome.report.skipped.size();
+        counts.content += outcome.importedCounts();
     }
     return counts;
 }

@@ -2,14 +2,9 @@
 #pragma once
 
 #include "platform/webview/WebFrame.h"
+#include "webcapture/SubresourceMerging.h"
 
-#include <QByteArray>
-#include <QHash>
-#include <QString>
 #include <QVariantMap>
-
-// The keyed archives of the responses of a page, by the absolute text of the address that answered.
-using CachedResponses = QHash<QString, QByteArray>;
 
 // The frame's archive with every resource added that the frame received and the archive does not
 // list, and the same for each frame within it. Frames of the archive that have no name, or that the

@@ -38,7 +38,8 @@ public:
     AttributedString() = default;
     explicit AttributedString(const QString& string, const TextAttributes& attributes = {});
     // One attachment character and nothing else about it.
-    [[nodiscard]] static AttributedString withAttachment(std::shared_ptr<TextAttachment> attachment);
+    [[nodiscard]] static AttributedString
+    withAttachment(std::shared_ptr<TextAttachment> attachment);
 
     [[nodiscard]] const QString& string() const { return m_string; }
     [[nodiscard]] qsizetype length() const { return m_string.size(); }
@@ -56,13 +57,20 @@ public:
     void append(QStringView text, const std::shared_ptr<const TextAttributes>& attributes);
     void append(const AttributedString& other);
     void replaceCharacters(TextRange range, const AttributedString& replacement);
-    // The new text takes the attributes of the first character that it replaces, or of the character
-    // before it when nothing is replaced.
+    // The new text takes the attributes of the first character that it replaces, or of the
+    // character before it when nothing is replaced.
     void replaceCharacters(TextRange range, QStringView replacement);
+    // Many replacements in one pass. Their ranges ascend without overlapping and count in the text
+    // as it is before; ranges that do not throw, too, and leave the text as it was.
+    struct Replacement;
+    void replaceCharacters(const std::vector<Replacement>& replacements);
     void deleteCharacters(TextRange range);
 
     // Calls the function on the attributes of every run in the range.
     void changeAttributes(TextRange range, const std::function<void(TextAttributes&)>& change);
+    // The same for many ranges in one pass; they ascend without overlapping.
+    void changeAttributes(const std::vector<TextRange>& ranges,
+                          const std::function<void(TextAttributes&)>& change);
     void setParagraphStyle(TextRange range, std::shared_ptr<const ParagraphStyle> style);
 
     // The line (or paragraph) that holds the range: from its start to its end, terminator included.
@@ -87,6 +95,11 @@ private:
 
     QString m_string;
     Segments m_segments; // ordered by end; the last end is the text's length
+};
+
+struct AttributedString::Replacement {
+    TextRange range;
+    AttributedString text;
 };
 
 } // namespace platform

@@ -12,8 +12,8 @@ struct Color {
     double blue = 0;
     double alpha = 1;
 
-    // The space that the colour came from; it decides how the colour is archived. A pattern is an image and
-    // has no components.
+    // The space that the colour came from; it decides how the colour is archived. A pattern is an
+    // image and has no components.
     enum class Space { DeviceRgb, CalibratedRgb, Pattern };
     Space space = Space::DeviceRgb;
 

@@ -27,6 +27,9 @@ QString madeUpName(const Font& font)
 {
     QString name = font.family;
     name.remove(u' ');
+    // A made-up name must not come to mean another family's face that this family does not have.
+    if (const MacFontFamily* known = macFontFamily(name))
+        return QString::fromLatin1(nearestFace(*known, font.bold, font.italic));
     if (font.bold || font.italic)
         name += u'-';
     if (font.bold)
@@ -35,6 +38,19 @@ QString madeUpName(const Font& font)
         name += QStringLiteral("Italic");
     return name;
 }
+
+struct FaceEnding {
+    const char* text;
+    bool bold;
+    bool italic;
+};
+
+// How PostScript names tell the face of a family that is not known; longer ones first.
+constexpr FaceEnding faceEndings[] = {{"-BoldItalic", true, true},
+                                      {"-BoldOblique", true, true},
+                                      {"-Bold", true, false},
+                                      {"-Italic", false, true},
+                                      {"-Oblique", false, true}};
 
 } // namespace
 
@@ -58,6 +74,19 @@ std::optional<Font> Font::fontNamed(const QString& name, double size)
         return Font{installed->family, points, installed->bold, installed->italic,
                     installed->monospaced};
     return std::nullopt;
+}
+
+Font Font::fontWithFaceName(const QString& name, double size)
+{
+    if (const auto known = fontNamed(name, size))
+        return *known;
+    const double points = size > 0 ? size : defaultSize;
+    for (const FaceEnding& ending : faceEndings) {
+        const QLatin1String text(ending.text);
+        if (name.endsWith(text) && name.size() > text.size())
+            return Font{name.chopped(text.size()), points, ending.bold, ending.italic};
+    }
+    return Font{name, points};
 }
 
 Font Font::userFont(double size)

@@ -18,12 +18,16 @@ struct Font {
     // Fixed pitch; recorded so that a reader without the family picks another of its kind.
     bool monospaced = false;
 
-    // The PostScript-like name that rich text files use: Helvetica-BoldOblique, ArialMT, Menlo-Bold.
+    // The PostScript-like name that rich text files use: Helvetica-BoldOblique, ArialMT,
+    // Menlo-Bold.
     [[nodiscard]] QString fontName() const;
 
     // The font with this PostScript name, full name or family; none when no such font is known.
     // size: points; 0 or less gives 12.
     [[nodiscard]] static std::optional<Font> fontNamed(const QString& name, double size);
+    // The same of any name: the family and the traits of one that nobody knows are what the name's
+    // end tells.
+    [[nodiscard]] static Font fontWithFaceName(const QString& name, double size);
     // The user's standard font for documents: Helvetica.
     [[nodiscard]] static Font userFont(double size);
     // The font of the interface.

@@ -18,7 +18,10 @@ public:
     virtual ~TextAttachment();
 
     [[nodiscard]] const std::shared_ptr<FileWrapper>& fileWrapper() const { return m_fileWrapper; }
-    void setFileWrapper(std::shared_ptr<FileWrapper> wrapper) { m_fileWrapper = std::move(wrapper); }
+    void setFileWrapper(std::shared_ptr<FileWrapper> wrapper)
+    {
+        m_fileWrapper = std::move(wrapper);
+    }
 
     // A uniform type identifier, when the attachment is no file.
     [[nodiscard]] const QString& fileType() const { return m_fileType; }

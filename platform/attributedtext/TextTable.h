@@ -27,6 +27,9 @@ struct TextTable {
     bool collapsesBorders = false;
     bool hidesEmptyCells = false;
     std::optional<Color> backgroundColor;
+    // Round the whole table, by edge; widths in points.
+    std::array<double, 4> borderWidth{};
+    std::array<std::optional<Color>, 4> borderColor{};
 };
 
 // What stands round a paragraph: a cell of a table, or (without a table) a plain box such as a code

@@ -19,7 +19,8 @@ std::mutex& observersMutex()
 
 std::vector<const SystemLogObserver*>& observers()
 {
-    static std::vector<const SystemLogObserver*> list;
+    // Never destroyed: a thread that still works while the program ends may have something to say.
+    static auto& list = *new std::vector<const SystemLogObserver*>;
     return list;
 }
 

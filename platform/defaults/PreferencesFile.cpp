@@ -18,8 +18,11 @@ PreferencesFile::PreferencesFile(QString path)
 {
 }
 
-const QVariantMap& PreferencesFile::values()
+const QVariantMap& PreferencesFile::values(quint64 occasion)
 {
+    if (m_isRead && m_occasion == occasion)
+        return m_values;
+    m_occasion = occasion;
     const Fingerprint fingerprint = currentFingerprint();
     if (!m_isRead || !(fingerprint == m_fingerprint)) {
         // Taken before the file is read: a change in between is then seen at the next look-up.
@@ -54,7 +57,8 @@ void PreferencesFile::read()
     if (m_reported == m_fingerprint)
         return;
     m_reported = m_fingerprint;
-    const QString reason = list ? QStringLiteral("it holds no dictionary") : error.localizedDescription();
+    const QString reason =
+        list ? QStringLiteral("it holds no dictionary") : error.localizedDescription();
     systemLog(QStringLiteral("Ignoring the settings in %1: %2").arg(m_path, reason));
 }
 
@@ -63,8 +67,8 @@ bool PreferencesFile::write(const QVariantMap& values, Error* error)
     if (m_isDamaged && !keepDamagedFile(error))
         return false;
     if (!QDir().mkpath(QFileInfo(m_path).path())) {
-        setError(error,
-                 propertyListError(PropertyListErrorCode::FileWrite, "The settings folder cannot be made."));
+        setError(error, propertyListError(PropertyListErrorCode::FileWrite,
+                                          "The settings folder cannot be made."));
         return false;
     }
     forget();
@@ -77,8 +81,8 @@ bool PreferencesFile::keepDamagedFile(Error* error) const
     QFile::remove(copy);
     if (QFile::copy(m_path, copy))
         return true;
-    setError(error,
-             propertyListError(PropertyListErrorCode::FileWrite, "The damaged settings cannot be kept."));
+    setError(error, propertyListError(PropertyListErrorCode::FileWrite,
+                                      "The damaged settings cannot be kept."));
     return false;
 }
 

@@ -18,8 +18,9 @@ public:
 
     [[nodiscard]] const QString& path() const { return m_path; }
 
-    // What the file holds now; empty when it is missing or damaged.
-    [[nodiscard]] const QVariantMap& values();
+    // What the file holds; empty when it is missing or damaged. It is looked at once for each
+    // occasion.
+    [[nodiscard]] const QVariantMap& values(quint64 occasion);
     [[nodiscard]] bool write(const QVariantMap& values, Error* error);
     void forget() { m_isRead = false; }
 
@@ -43,6 +44,7 @@ private:
     QVariantMap m_values;
     Fingerprint m_fingerprint;
     Fingerprint m_reported;
+    quint64 m_occasion = 0;
     bool m_isRead = false;
     bool m_isDamaged = false;
 };

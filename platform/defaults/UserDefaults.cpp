@@ -82,6 +82,14 @@ struct UserDefaults::State {
         return QStringLiteral("%1/%2.plist").arg(directory, domain);
     }
 
+    // Of a look-up: a new one, unless the files are held as they are.
+    [[nodiscard]] quint64 occasionOfLookUp()
+    {
+        if (holds == 0)
+            ++occasion;
+        return occasion;
+    }
+
     // Recursive, for a damaged file is reported while it is held, and who receives the report may
     // look up a setting.
     std::recursive_mutex mutex;
@@ -90,11 +98,15 @@ struct UserDefaults::State {
     PreferencesFile own;
     std::vector<PreferencesFile> suites;
     QVariantMap registered;
+    quint64 occasion = 0;
+    int holds = 0;
 };
 
 UserDefaults& UserDefaults::standard()
 {
-    static UserDefaults defaults(QStringLiteral("com.brightmoor.Vupuge"), StandardDirectories::preferences());
+    // Never destroyed: a thread that still works while the program ends may look a setting up.
+    static UserDefaults& defaults = *new UserDefaults(QStringLiteral("com.brightmoor.Vupuge"),
+                                                      StandardDirectories::preferences());
     return defaults;
 }
 
@@ -124,11 +136,12 @@ QVariant UserDefaults::objectForKey(const QString& key) const
     const std::lock_guard lock(m_state->mutex);
     if (m_state->overrides.contains(key))
         return m_state->overrides.value(key);
-    const QVariant own = m_state->own.values().value(key);
+    const quint64 occasion = m_state->occasionOfLookUp();
+    const QVariant own = m_state->own.values(occasion).value(key);
     if (own.isValid())
         return own;
     for (PreferencesFile& suite : m_state->suites) {
-        const QVariant value = suite.values().value(key);
+        const QVariant value = suite.values(occasion).value(key);
         if (value.isValid())
             return value;
     }
@@ -153,7 +166,10 @@ qint64 UserDefaults::integerForKey(const QString& key) const
     return isNumber(value) ? value.toLongLong() : 0;
 }
 
-float UserDefaults::floatForKey(const QString& key) const { return float(doubleForKey(key)); }
+float UserDefaults::floatForKey(const QString& key) const
+{
+    return float(doubleForKey(key));
+}
 
 double UserDefaults::doubleForKey(const QString& key) const
 {
@@ -180,13 +196,15 @@ std::optional<QString> UserDefaults::stringForKey(const QString& key) const
 std::optional<QByteArray> UserDefaults::dataForKey(const QString& key) const
 {
     const QVariant value = objectForKey(key);
-    return value.typeId() == QMetaType::QByteArray ? std::optional(value.toByteArray()) : std::nullopt;
+    return value.typeId() == QMetaType::QByteArray ? std::optional(value.toByteArray())
+                                                   : std::nullopt;
 }
 
 bool UserDefaults::setObject(const QString& key, const QVariant& value, Error* error)
 {
     const std::lock_guard lock(m_state->mutex);
-    QVariantMap values = m_state->own.values();
+    // Held or not, what others wrote meanwhile must not be lost.
+    QVariantMap values = m_state->own.values(++m_state->occasion);
     if (value.isValid())
         values.insert(key, value);
     else if (values.remove(key) == 0)
@@ -194,7 +212,10 @@ bool UserDefaults::setObject(const QString& key, const QVariant& value, Error* e
     return m_state->own.write(values, error);
 }
 
-bool UserDefaults::removeObject(const QString& key, Error* error) { return setObject(key, {}, error); }
+bool UserDefaults::removeObject(const QString& key, Error* error)
+{
+    return setObject(key, {}, error);
+}
 
 void UserDefaults::setOverride(const QString& key, const QVariant& value)
 {
@@ -215,6 +236,19 @@ void UserDefaults::registerDefaults(const QVariantMap& values)
 {
     const std::lock_guard lock(m_state->mutex);
     m_state->registered.insert(values);
+}
+
+void UserDefaults::beginHold()
+{
+    const std::lock_guard lock(m_state->mutex);
+    if (m_state->holds++ == 0)
+        ++m_state->occasion;
+}
+
+void UserDefaults::endHold()
+{
+    const std::lock_guard lock(m_state->mutex);
+    --m_state->holds;
 }
 
 void UserDefaults::synchronize()

@@ -36,9 +36,11 @@ std::optional<FileBeginning> beginningOf(const QByteArray& path, qint64 maximumS
     FileBeginning beginning{status.st_mode, status.st_size, {}};
     if (!S_ISREG(status.st_mode))
         return beginning;
-    const system::Descriptor file = system::open(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
+    const system::Descriptor file =
+        system::open(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
     beginning.bytes.resize(std::min<qint64>(status.st_size, maximumSize));
-    const ssize_t read = file.isOpen() ? ::pread(file.number(), beginning.bytes.data(), size_t(beginning.bytes.size()), 0)
+    const ssize_t read = file.isOpen() ? ::pread(file.number(), beginning.bytes.data(),
+                                                 size_t(beginning.bytes.size()), 0)
                                        : 0;
     beginning.bytes.truncate(std::max<ssize_t>(read, 0));
     return beginning;
@@ -46,12 +48,14 @@ std::optional<FileBeginning> beginningOf(const QByteArray& path, qint64 maximumS
 
 std::optional<QString> endOfLink(const QString& path, const QByteArray& native, Error* error)
 {
-    const std::unique_ptr<char, decltype(&std::free)> end(::realpath(native.constData(), nullptr), &std::free);
+    const std::unique_ptr<char, decltype(&std::free)> end(::realpath(native.constData(), nullptr),
+                                                          &std::free);
     if (end)
         return system::pathFromNative(QByteArray(end.get()));
     const int failure = errno;
     const Error reason = fileError(FileAccess::Read, path, failure);
-    setError(error, failure == ENOENT ? Error(cocoaErrorDomain, FileNoSuchFileError, reason.localizedDescription())
+    setError(error, failure == ENOENT ? Error(cocoaErrorDomain, FileNoSuchFileError,
+                                              reason.localizedDescription())
                                             .withUnderlyingError(*reason.underlyingError())
                                       : reason);
     return std::nullopt;
@@ -67,9 +71,9 @@ std::optional<bool> isAlias(const QString& path, Error* error)
         setError(error, fileError(FileAccess::Read, path, native ? errno : EINVAL));
         return std::nullopt;
     }
-    return S_ISLNK(beginning->mode)
-           || (S_ISREG(beginning->mode)
-               && (beginning->bytes == aliasFileMark || (finderFlags(*native) & finderFlagAlias) != 0));
+    return S_ISLNK(beginning->mode) ||
+           (S_ISREG(beginning->mode) &&
+            (beginning->bytes == aliasFileMark || (finderFlags(*native) & finderFlagAlias) != 0));
 }
 
 std::optional<QString> resolvedAliasPath(const QString& path, Error* error)
@@ -82,16 +86,19 @@ std::optional<QString> resolvedAliasPath(const QString& path, Error* error)
     }
     if (S_ISLNK(beginning->mode))
         return endOfLink(path, *native, error);
-    const auto original = beginning->size <= maximumBookmarkSize ? pathInBookmarkData(beginning->bytes) : std::nullopt;
+    const auto original = beginning->size <= maximumBookmarkSize
+                              ? pathInBookmarkData(beginning->bytes)
+                              : std::nullopt;
     if (!original) {
         setError(error, Error(cocoaErrorDomain, FileReadCorruptFileError,
                               localizedString("\u201c%1\u201d is not an alias.").arg(path)));
         return std::nullopt;
     }
     if (!fileExistsAtPath(*original)) {
-        setError(error, Error(cocoaErrorDomain, FileNoSuchFileError,
-                              localizedString("The original of \u201c%1\u201d is not at \u201c%2\u201d.")
-                                  .arg(path, *original)));
+        setError(error,
+                 Error(cocoaErrorDomain, FileNoSuchFileError,
+                       localizedString("The original of \u201c%1\u201d is not at \u201c%2\u201d.")
+                           .arg(path, *original)));
         return std::nullopt;
     }
     return original;

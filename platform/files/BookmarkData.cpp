@@ -65,7 +65,8 @@ std::optional<Bookmark> bookmarkAfterHeader(QByteArrayView data)
     const Bookmark whole(data);
     if (!data.startsWith("book"))
         return std::nullopt;
-    const bool isAliasFile = data.size() > 16 && data.sliced(4, 8) == QByteArrayView("\0\0\0\0mark", 8);
+    const bool isAliasFile =
+        data.size() > 16 && data.sliced(4, 8) == QByteArrayView("\0\0\0\0mark", 8);
     const auto headerSize = whole.number(isAliasFile ? 16 : 12);
     if (!headerSize || *headerSize < 16 || *headerSize > quint64(data.size()))
         return std::nullopt;
@@ -74,8 +75,8 @@ std::optional<Bookmark> bookmarkAfterHeader(QByteArrayView data)
 
 bool isPathComponent(QByteArrayView bytes)
 {
-    return !bytes.isEmpty() && QUtf8StringView(bytes).isValidUtf8() && bytes != "." && bytes != ".."
-           && !bytes.contains('/') && !bytes.contains('\0');
+    return !bytes.isEmpty() && QUtf8StringView(bytes).isValidUtf8() && bytes != "." &&
+           bytes != ".." && !bytes.contains('/') && !bytes.contains('\0');
 }
 
 } // namespace
@@ -89,7 +90,8 @@ std::optional<QString> pathInBookmarkData(QByteArrayView data)
         return std::nullopt;
     QString path;
     for (qsizetype at = 0; at < offsets->size(); at += 4) {
-        const auto component = bookmark->value(qFromLittleEndian<quint32>(offsets->data() + at), textType);
+        const auto component =
+            bookmark->value(qFromLittleEndian<quint32>(offsets->data() + at), textType);
         if (!component || !isPathComponent(*component))
             return std::nullopt;
         path += u'/' + QString::fromUtf8(*component);

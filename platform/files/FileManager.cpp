@@ -57,20 +57,23 @@ bool createDirectory(const QString& path, IntermediateFolders intermediates, Err
     }
     if (failure == 0)
         return true;
-    setError(error, fileError(FileAccess::Write, native ? system::pathFromNative(*native) : path, failure));
+    setError(error, fileError(FileAccess::Write, native ? system::pathFromNative(*native) : path,
+                              failure));
     return false;
 }
 
 std::optional<QString> pathWithin(const QString& folder, const QString& name, Error* error)
 {
-    const bool isPlain = !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..")
-                         && !name.contains(QLatin1Char('/')) && !name.contains(QChar(0));
+    const bool isPlain = !name.isEmpty() && name != QLatin1String(".") &&
+                         name != QLatin1String("..") && !name.contains(QLatin1Char('/')) &&
+                         !name.contains(QChar(0));
     if (isPlain && !folder.isEmpty())
         return folder.endsWith(QLatin1Char('/')) ? folder + name : folder + QLatin1Char('/') + name;
 
-    setError(error, Error(cocoaErrorDomain, FileWriteInvalidFileNameError,
-                          localizedString("\u201c%1\u201d is not the name of a file in \u201c%2\u201d.")
-                              .arg(name, folder)));
+    setError(error,
+             Error(cocoaErrorDomain, FileWriteInvalidFileNameError,
+                   localizedString("\u201c%1\u201d is not the name of a file in \u201c%2\u201d.")
+                       .arg(name, folder)));
     return std::nullopt;
 }
 

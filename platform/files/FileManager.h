@@ -8,9 +8,9 @@
 
 #include <optional>
 
-// The file operations that report what went wrong. Errors are in the domain "NSCocoaErrorDomain" with the
-// platform's codes, and name the path and the system's reason; the system's own error (domain
-// "NSPOSIXErrorDomain", code errno) lies under them.
+// The file operations that report what went wrong. Errors are in the domain "NSCocoaErrorDomain"
+// with the platform's codes, and name the path and the system's reason; the system's own error
+// (domain "NSPOSIXErrorDomain", code errno) lies under them.
 namespace platform {
 
 extern const QString cocoaErrorDomain;
@@ -40,17 +40,18 @@ enum class FileAccess { Read, Write };
 [[nodiscard]] bool fileExistsAtPath(const QString& path);
 
 enum class IntermediateFolders { Create, Require };
-// With Require an existing folder is an error, as is a missing parent. With Create an existing folder is
-// success.
-[[nodiscard]] bool createDirectory(const QString& path, IntermediateFolders intermediates, Error* error = nullptr);
+// With Require an existing folder is an error, as is a missing parent. With Create an existing
+// folder is success.
+[[nodiscard]] bool createDirectory(const QString& path, IntermediateFolders intermediates,
+                                   Error* error = nullptr);
 
-// Removes a file, a link (not what it leads to) or a folder with everything in it, however deep. On failure
-// what was removed until then is gone.
+// Removes a file, a link (not what it leads to) or a folder with everything in it, however deep. On
+// failure what was removed until then is gone.
 [[nodiscard]] bool removeItem(const QString& path, Error* error = nullptr);
 
-// Renames, or copies and removes where the target is on another file system; modes, dates and extended
-// attributes go along. The target must not exist. Interrupted at any point, the item is whole under one of
-// the two names or both.
+// Renames, or copies and removes where the target is on another file system; modes, dates and
+// extended attributes go along. The target must not exist. Interrupted at any point, the item is
+// whole under one of the two names or both.
 [[nodiscard]] bool moveItem(const QString& from, const QString& to, Error* error = nullptr);
 
 // Reads a regular file; folders, pipes and devices are an error.
@@ -59,13 +60,15 @@ enum class IntermediateFolders { Create, Require };
 [[nodiscard]] std::optional<QString> readTextFile(const QString& path, Error* error = nullptr);
 
 enum class WriteOption { Plain, Atomic };
-// Plain: creates or overwrites in place; a file that could not be written whole is removed again. Atomic:
-// written beside it under a private name and moved into place.
-[[nodiscard]] bool writeFile(const QString& path, QByteArrayView bytes, WriteOption option, Error* error = nullptr);
+// Plain: creates or overwrites in place; a file that could not be written whole is removed again.
+// Atomic: written beside it under a private name and moved into place.
+[[nodiscard]] bool writeFile(const QString& path, QByteArrayView bytes, WriteOption option,
+                             Error* error = nullptr);
 
-// folder + "/" + name, when the name is a plain file name; none when it would leave the folder or means no
-// file: empty, ".", "..", or with a "/" or a NUL in it.
-[[nodiscard]] std::optional<QString> pathWithin(const QString& folder, const QString& name, Error* error = nullptr);
+// folder + "/" + name, when the name is a plain file name; none when it would leave the folder or
+// means no file: empty, ".", "..", or with a "/" or a NUL in it.
+[[nodiscard]] std::optional<QString> pathWithin(const QString& folder, const QString& name,
+                                                Error* error = nullptr);
 
 // The longest name that the file system takes, in bytes of UTF-8.
 inline constexpr int maximumFileNameBytes = 255;

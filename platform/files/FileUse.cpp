@@ -27,9 +27,9 @@ bool isLocked(int descriptor)
     return errno == EWOULDBLOCK;
 }
 
-// The kernel grants a read lease only while nobody has the file open for writing. Whoever opens it before
-// the lease is given back makes the kernel send a signal, one that nobody minds instead of the usual SIGIO,
-// which would end the program.
+// The kernel grants a read lease only while nobody has the file open for writing. Whoever opens it
+// before the lease is given back makes the kernel send a signal, one that nobody minds instead of
+// the usual SIGIO, which would end the program.
 bool isOpenForWriting(int descriptor)
 {
     if (::fcntl(descriptor, F_SETSIG, SIGURG) != 0)

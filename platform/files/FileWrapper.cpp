@@ -19,7 +19,8 @@ QString comparableName(const QString& name)
 
 } // namespace
 
-FileWrapper::Pointer FileWrapper::regularFile(const QByteArray& contents, const QString& preferredName)
+FileWrapper::Pointer FileWrapper::regularFile(const QByteArray& contents,
+                                              const QString& preferredName)
 {
     const Pointer wrapper(new FileWrapper);
     wrapper->m_contents = contents;
@@ -40,7 +41,8 @@ FileWrapper::Pointer FileWrapper::fileOnDisk(const QString& path, Error* error)
     const auto native = system::nativePath(path);
     struct stat status = {};
     int failure = native ? 0 : EINVAL;
-    if (native && (::lstat(native->constData(), &status) != 0 || ::access(native->constData(), R_OK) != 0))
+    if (native &&
+        (::lstat(native->constData(), &status) != 0 || ::access(native->constData(), R_OK) != 0))
         failure = errno;
     else if (native && !S_ISREG(status.st_mode))
         failure = S_ISDIR(status.st_mode) ? EISDIR : ENOTSUP;
@@ -65,7 +67,8 @@ FileWrapper::~FileWrapper()
         if (wrapper.use_count() > 1)
             continue;
         wrapper->m_childrenByKey.clear();
-        std::move(wrapper->m_children.begin(), wrapper->m_children.end(), std::back_inserter(dying));
+        std::move(wrapper->m_children.begin(), wrapper->m_children.end(),
+                  std::back_inserter(dying));
         wrapper->m_children.clear();
     }
 }

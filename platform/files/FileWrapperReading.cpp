@@ -55,7 +55,8 @@ int readPlainFile(const QByteArray& path, QByteArray& bytes)
     struct stat status = {};
     if (!file.isOpen() || ::fstat(file.number(), &status) != 0)
         return errno;
-    return S_ISREG(status.st_mode) ? system::readAll(file.number(), status.st_size, bytes) : ENOTSUP;
+    return S_ISREG(status.st_mode) ? system::readAll(file.number(), status.st_size, bytes)
+                                   : ENOTSUP;
 }
 
 // The wrapper of one entry; a folder's is still empty.
@@ -69,7 +70,8 @@ int readEntry(const QByteArray& path, const QString& name, FileWrapper::Pointer&
         return 0;
     }
     QByteArray bytes;
-    const int failure = S_ISLNK(status.st_mode) ? readLinkText(path, bytes) : readPlainFile(path, bytes);
+    const int failure =
+        S_ISLNK(status.st_mode) ? readLinkText(path, bytes) : readPlainFile(path, bytes);
     wrapper = FileWrapper::regularFile(bytes, name);
     return failure;
 }

@@ -91,7 +91,8 @@ bool FileWrapper::writeTo(const QString& path, WriteMode mode, Error* error) con
         }
         for (const Child& child : next.wrapper->m_children) {
             const auto childPath = writing.childPath(next.path, child.key);
-            isWhole = childPath && (child.wrapper->isRegularFile() || writing.makeFolder(*childPath));
+            isWhole =
+                childPath && (child.wrapper->isRegularFile() || writing.makeFolder(*childPath));
             if (!isWhole)
                 break;
             due.push_back({child.wrapper.get(), *childPath});
@@ -109,7 +110,8 @@ bool FileWrapper::writeTo(const QString& path, WriteMode mode, Error* error) con
         static_cast<void>(removeItem(system::pathFromNative(root)));
     if (failure.path.startsWith(root)) // the private name would tell nobody anything
         failure.path.replace(0, root.size(), *target);
-    setError(error, fileError(failure.access, system::pathFromNative(failure.path), failure.systemError));
+    setError(error,
+             fileError(failure.access, system::pathFromNative(failure.path), failure.systemError));
     return false;
 }
 

@@ -12,7 +12,8 @@ namespace platform {
 // What an item is by itself: a link is a link, whatever it leads to.
 struct ItemKind {
     bool isDirectory = false;
-    // A folder that is shown as one file: by its extension, or by the bundle flag of its Finder info.
+    // A folder that is shown as one file: by its extension, or by the bundle flag of its Finder
+    // info.
     bool isPackage = false;
     bool isSymbolicLink = false;
     // By its name, which begins with a dot, or by the invisible flag of its Finder info.

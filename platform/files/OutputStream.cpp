@@ -16,7 +16,10 @@ OutputStream::OutputStream(QString path, Mode mode)
 {
 }
 
-OutputStream::~OutputStream() { close(); }
+OutputStream::~OutputStream()
+{
+    close();
+}
 
 bool OutputStream::open(Error* error)
 {
@@ -26,7 +29,8 @@ bool OutputStream::open(Error* error)
     const int modeFlag = m_mode == Mode::Append ? O_APPEND : O_TRUNC;
     system::Descriptor file;
     if (native)
-        file = system::open(*native, O_WRONLY | O_CREAT | O_NOCTTY | O_NOFOLLOW | modeFlag, system::newFileMode);
+        file = system::open(*native, O_WRONLY | O_CREAT | O_NOCTTY | O_NOFOLLOW | modeFlag,
+                            system::newFileMode);
     if (!file.isOpen()) {
         setError(error, fileError(FileAccess::Write, m_path, native ? errno : EINVAL));
         return false;
@@ -35,7 +39,10 @@ bool OutputStream::open(Error* error)
     return true;
 }
 
-void OutputStream::close() { static_cast<void>(system::Descriptor(std::exchange(m_descriptor, -1)).close()); }
+void OutputStream::close()
+{
+    static_cast<void>(system::Descriptor(std::exchange(m_descriptor, -1)).close());
+}
 
 qint64 OutputStream::write(QByteArrayView bytes, qint64 maximumLength)
 {

@@ -22,8 +22,8 @@ public:
     [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
     void close();
 
-    // Writes at most maximumLength of the bytes; returns how many were written, or -1 on failure or when
-    // the stream is not open. Safe to call from several threads: one call is one write.
+    // Writes at most maximumLength of the bytes; returns how many were written, or -1 on failure or
+    // when the stream is not open. Safe to call from several threads: one call is one write.
     qint64 write(QByteArrayView bytes, qint64 maximumLength);
 
     [[nodiscard]] const QString& path() const { return m_path; }

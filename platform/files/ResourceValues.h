@@ -11,20 +11,24 @@
 
 namespace platform {
 
-// What the platform keeps about a file or folder beside its bytes. An absent value is not read or not set.
+// What the platform keeps about a file or folder beside its bytes. An absent value is not read or
+// not set.
 //
-// Linux keeps no creation date that can be set, no hidden extension and no tags, so they live in extended
-// attributes, in the forms that macOS uses (under "user.", where Linux keeps them) and in those of the
-// desktop:
+// Linux keeps no creation date that can be set, no hidden extension and no tags, so they live in
+// extended attributes, in the forms that macOS uses (under "user.", where Linux keeps them) and in
+// those of the desktop:
 //
 //   creation date     user.com.apple.metadata:kMDItemFSCreationDate     binary property list, date
 //   modification date the file system's own
-//   hidden extension  user.com.apple.FinderInfo                         32 bytes; 0x0010 of the flags
-//   tags              user.com.apple.metadata:_kMDItemUserTags          binary property list, "Name\n0"
+//   hidden extension  user.com.apple.FinderInfo                         32 bytes; 0x0010 of the
+//   flags tags              user.com.apple.metadata:_kMDItemUserTags          binary property list,
+//   "Name\n0"
 //                     user.xdg.tags                                     joined with ","
-//   comment           user.com.apple.metadata:kMDItemFinderComment      binary property list, string
+//   comment           user.com.apple.metadata:kMDItemFinderComment      binary property list,
+//   string
 //                     user.xdg.comment                                  UTF-8
-//   origin URL        user.com.apple.metadata:kMDItemWhereFroms         binary property list, strings
+//   origin URL        user.com.apple.metadata:kMDItemWhereFroms         binary property list,
+//   strings
 //                     user.xdg.origin.url                               UTF-8
 struct ResourceValues {
     std::optional<QDateTime> creationDate;
@@ -36,13 +40,14 @@ struct ResourceValues {
     std::optional<QString> originUrl;
 };
 
-// Sets every value given. False with an error when one of them could not be set; the others are set all
-// the same. Links are not followed and have no values.
+// Sets every value given. False with an error when one of them could not be set; the others are set
+// all the same. Links are not followed and have no values.
 [[nodiscard]] bool setResourceValues(const QString& path, const ResourceValues& values,
                                      Error* error = nullptr);
 
-// Every value that the file has, dates in UTC. creationDate: the one that was set, else the file system's
-// own. Where the two forms of a value differ, the one that macOS uses counts.
-[[nodiscard]] std::optional<ResourceValues> resourceValues(const QString& path, Error* error = nullptr);
+// Every value that the file has, dates in UTC. creationDate: the one that was set, else the file
+// system's own. Where the two forms of a value differ, the one that macOS uses counts.
+[[nodiscard]] std::optional<ResourceValues> resourceValues(const QString& path,
+                                                           Error* error = nullptr);
 
 } // namespace platform

@@ -50,7 +50,8 @@ public:
         const auto info = bytes(attributes::finderInfo);
         if (!info || info->size() != attributes::finderInfoLength)
             return std::nullopt;
-        const quint16 flags = qFromBigEndian<quint16>(info->constData() + attributes::finderFlagsOffset);
+        const quint16 flags =
+            qFromBigEndian<quint16>(info->constData() + attributes::finderFlagsOffset);
         return (flags & attributes::hiddenExtensionFlag) != 0;
     }
 
@@ -100,8 +101,8 @@ std::optional<ResourceValues> resourceValues(const QString& path, Error* error)
     if (native)
         file = system::open(*native, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
     struct statx status = {};
-    if (!file.isOpen()
-        || ::statx(file.number(), "", AT_EMPTY_PATH, STATX_MTIME | STATX_BTIME, &status) != 0) {
+    if (!file.isOpen() ||
+        ::statx(file.number(), "", AT_EMPTY_PATH, STATX_MTIME | STATX_BTIME, &status) != 0) {
         setError(error, fileError(FileAccess::Read, path, native ? errno : EINVAL));
         return std::nullopt;
     }

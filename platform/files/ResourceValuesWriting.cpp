@@ -29,7 +29,10 @@ public:
 
     [[nodiscard]] const std::optional<Error>& failure() const { return m_failure; }
 
-    void setCreationDate(const QDateTime& date) { setPropertyList(attributes::creationDate, date.toUTC()); }
+    void setCreationDate(const QDateTime& date)
+    {
+        setPropertyList(attributes::creationDate, date.toUTC());
+    }
 
     void setModificationDate(const QDateTime& date)
     {
@@ -40,8 +43,8 @@ public:
         const qint64 milliseconds = date.toMSecsSinceEpoch();
         const qint64 remainder = ((milliseconds % 1000) + 1000) % 1000;
         const qint64 seconds = (milliseconds - remainder) / 1000;
-        const std::array<timespec, 2> times
-            = {timespec{0, UTIME_OMIT}, timespec{static_cast<time_t>(seconds), remainder * 1'000'000}};
+        const std::array<timespec, 2> times = {
+            timespec{0, UTIME_OMIT}, timespec{static_cast<time_t>(seconds), remainder * 1'000'000}};
         if (::futimens(m_descriptor, times.data()) != 0) {
             note(errno);
             return;
@@ -49,8 +52,8 @@ public:
         // Dates that the file system cannot hold are moved to its ends without a word; every one in
         // use holds those from 1970 to 2038.
         struct stat status = {};
-        if ((seconds < 0 || seconds > INT32_MAX) && ::fstat(m_descriptor, &status) == 0
-            && status.st_mtim.tv_sec != seconds)
+        if ((seconds < 0 || seconds > INT32_MAX) && ::fstat(m_descriptor, &status) == 0 &&
+            status.st_mtim.tv_sec != seconds)
             note(EOVERFLOW);
     }
 
@@ -61,7 +64,8 @@ public:
             return;
         info = info.leftJustified(attributes::finderInfoLength, '\0');
         char* const flags = info.data() + attributes::finderFlagsOffset;
-        const quint16 others = qFromBigEndian<quint16>(flags) & quint16(~attributes::hiddenExtensionFlag);
+        const quint16 others =
+            qFromBigEndian<quint16>(flags) & quint16(~attributes::hiddenExtensionFlag);
         qToBigEndian<quint16>(isHidden ? others | attributes::hiddenExtensionFlag : others, flags);
         setBytes(attributes::finderInfo, info);
     }
@@ -71,23 +75,25 @@ public:
         QStringList colouredTags;
         for (const QString& tag : tags)
             colouredTags += tag + QStringLiteral("\n0"); // no colour
-        setBoth(attributes::finderTags, colouredTags, attributes::desktopTags, tags.join(QLatin1Char(',')),
-                tags.isEmpty());
+        setBoth(attributes::finderTags, colouredTags, attributes::desktopTags,
+                tags.join(QLatin1Char(',')), tags.isEmpty());
     }
 
     void setComment(const QString& comment)
     {
-        setBoth(attributes::finderComment, comment, attributes::desktopComment, comment, comment.isEmpty());
+        setBoth(attributes::finderComment, comment, attributes::desktopComment, comment,
+                comment.isEmpty());
     }
 
     void setOrigin(const QString& url)
     {
-        setBoth(attributes::finderOrigins, QStringList{url}, attributes::desktopOrigin, url, url.isEmpty());
+        setBoth(attributes::finderOrigins, QStringList{url}, attributes::desktopOrigin, url,
+                url.isEmpty());
     }
 
 private:
-    void setBoth(const char* finderName, const QVariant& value, const char* desktopName, const QString& text,
-                 bool isRemoval)
+    void setBoth(const char* finderName, const QVariant& value, const char* desktopName,
+                 const QString& text, bool isRemoval)
     {
         if (isRemoval) {
             note(attributes::removeValue(m_descriptor, finderName));
@@ -125,17 +131,20 @@ private:
         if (systemError == 0 || m_failure)
             return;
         if (systemError == ENOTSUP) {
-            m_failure
-                = Error(cocoaErrorDomain, FileWriteUnknownError,
-                        localizedString("The file system of \u201c%1\u201d keeps no attributes.").arg(m_path))
-                      .withUnderlyingError(Error(posixErrorDomain, systemError));
+            m_failure =
+                Error(cocoaErrorDomain, FileWriteUnknownError,
+                      localizedString("The file system of \u201c%1\u201d keeps no attributes.")
+                          .arg(m_path))
+                    .withUnderlyingError(Error(posixErrorDomain, systemError));
         } else if (systemError == E2BIG || systemError == ERANGE || systemError == ENOSPC) {
-            // A full disk also reads ENOSPC, but far more often it is the room for one file's attributes.
-            m_failure
-                = Error(cocoaErrorDomain, FileWriteOutOfSpaceError,
-                        localizedString("The attributes of \u201c%1\u201d are too large for its file system.")
-                            .arg(m_path))
-                      .withUnderlyingError(Error(posixErrorDomain, systemError));
+            // A full disk also reads ENOSPC, but far more often it is the room for one file's
+            // attributes.
+            m_failure =
+                Error(cocoaErrorDomain, FileWriteOutOfSpaceError,
+                      localizedString(
+                          "The attributes of \u201c%1\u201d are too large for its file system.")
+                          .arg(m_path))
+                    .withUnderlyingError(Error(posixErrorDomain, systemError));
         } else {
             m_failure = fileError(FileAccess::Write, m_path, systemError);
         }

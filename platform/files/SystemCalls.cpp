@@ -26,7 +26,8 @@ Descriptor& Descriptor::operator=(Descriptor&& other) noexcept
 int Descriptor::close()
 {
     const int number = release();
-    // After EINTR the descriptor is gone all the same, and another thread may already have its number.
+    // After EINTR the descriptor is gone all the same, and another thread may already have its
+    // number.
     if (number < 0 || ::close(number) == 0 || errno == EINTR)
         return 0;
     return errno;
@@ -39,7 +40,10 @@ std::optional<QByteArray> nativePath(const QString& path)
     return QFile::encodeName(path);
 }
 
-QString pathFromNative(const QByteArray& path) { return QFile::decodeName(path); }
+QString pathFromNative(const QByteArray& path)
+{
+    return QFile::decodeName(path);
+}
 
 QByteArray privateSibling(const QByteArray& path)
 {
@@ -59,7 +63,8 @@ Descriptor open(const QByteArray& path, int flags, unsigned mode)
 int writeAll(int descriptor, QByteArrayView bytes)
 {
     while (!bytes.isEmpty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), static_cast<size_t>(bytes.size()));
+        const ssize_t written =
+            ::write(descriptor, bytes.data(), static_cast<size_t>(bytes.size()));
         if (written < 0 && errno != EINTR)
             return errno;
         if (written > 0)
@@ -77,8 +82,8 @@ try {
     for (;;) {
         if (length == bytes.size())
             bytes.resize(length * 2);
-        const ssize_t got
-            = ::read(descriptor, bytes.data() + length, static_cast<size_t>(bytes.size() - length));
+        const ssize_t got =
+            ::read(descriptor, bytes.data() + length, static_cast<size_t>(bytes.size() - length));
         if (got < 0 && errno != EINTR)
             return errno;
         if (got == 0)
@@ -111,8 +116,8 @@ int copyThroughMemory(int from, int to)
 
 bool isUnsupported(int failure)
 {
-    return failure == ENOSYS || failure == EINVAL || failure == EXDEV || failure == EOPNOTSUPP
-           || failure == EBADF || failure == ETXTBSY || failure == EPERM;
+    return failure == ENOSYS || failure == EINVAL || failure == EXDEV || failure == EOPNOTSUPP ||
+           failure == EBADF || failure == ETXTBSY || failure == EPERM;
 }
 
 } // namespace
@@ -162,7 +167,8 @@ int copyInPlace(const QByteArray& from, const QByteArray& to, bool& isAboutSourc
     if (isAboutSource)
         return errno;
     Descriptor target = open(to, inPlaceFlags, newFileMode);
-    return target.isOpen() ? finishInPlace(to, target, copyAll(source.number(), target.number())) : errno;
+    return target.isOpen() ? finishInPlace(to, target, copyAll(source.number(), target.number()))
+                           : errno;
 }
 
 int renameWithoutReplacing(const QByteArray& from, const QByteArray& to)
@@ -185,7 +191,8 @@ int replaceItem(const QByteArray& finished, const QByteArray& target)
         return errno;
 
     QByteArray old = finished;
-    if (::renameat2(AT_FDCWD, finished.constData(), AT_FDCWD, target.constData(), RENAME_EXCHANGE) != 0) {
+    if (::renameat2(AT_FDCWD, finished.constData(), AT_FDCWD, target.constData(),
+                    RENAME_EXCHANGE) != 0) {
         if (errno != EINVAL && errno != ENOSYS)
             return errno;
         old = privateSibling(target);

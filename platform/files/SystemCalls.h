@@ -8,8 +8,8 @@
 #include <optional>
 #include <utility>
 
-// The steps between the file operations and the operating system. A result of 0 is success, any other is
-// the errno of the call that failed. Calls that a signal interrupted are made again.
+// The steps between the file operations and the operating system. A result of 0 is success, any
+// other is the errno of the call that failed. Calls that a signal interrupted are made again.
 namespace platform::system {
 
 // An open file, closed with its owner.
@@ -40,7 +40,8 @@ private:
 inline constexpr unsigned newFileMode = 0666;
 inline constexpr unsigned newFolderMode = 0777;
 
-// The path as the system takes it; none when it is empty or holds a NUL, which would silently end it.
+// The path as the system takes it; none when it is empty or holds a NUL, which would silently end
+// it.
 [[nodiscard]] std::optional<QByteArray> nativePath(const QString& path);
 [[nodiscard]] QString pathFromNative(const QByteArray& path);
 
@@ -61,8 +62,8 @@ inline constexpr unsigned newFolderMode = 0777;
 
 // EEXIST when something exists at the target.
 [[nodiscard]] int renameWithoutReplacing(const QByteArray& from, const QByteArray& to);
-// Puts a finished item in the place of whatever is there, in one step where the file system can; the old
-// item is then removed.
+// Puts a finished item in the place of whatever is there, in one step where the file system can;
+// the old item is then removed.
 [[nodiscard]] int replaceItem(const QByteArray& finished, const QByteArray& target);
 
 } // namespace platform::system

@@ -19,7 +19,8 @@ namespace {
 QStringList mountPoints()
 {
     QStringList points;
-    const std::unique_ptr<FILE, decltype(&::endmntent)> mounts(::setmntent("/proc/self/mounts", "re"), &::endmntent);
+    const std::unique_ptr<FILE, decltype(&::endmntent)> mounts(
+        ::setmntent("/proc/self/mounts", "re"), &::endmntent);
     if (!mounts)
         return points;
     struct mntent entry = {};

@@ -28,11 +28,12 @@ void copyAttributes(int from, int to)
     if (length <= 0)
         return;
     QByteArray names(length, Qt::Uninitialized);
-    names.truncate(std::max<ssize_t>(::flistxattr(from, names.data(), static_cast<size_t>(length)), 0));
+    names.truncate(
+        std::max<ssize_t>(::flistxattr(from, names.data(), static_cast<size_t>(length)), 0));
     for (const QByteArray& name : names.split('\0')) {
         QByteArray value(XATTR_SIZE_MAX, Qt::Uninitialized);
-        const ssize_t size
-            = name.isEmpty() ? -1 : ::fgetxattr(from, name.constData(), value.data(), XATTR_SIZE_MAX);
+        const ssize_t size =
+            name.isEmpty() ? -1 : ::fgetxattr(from, name.constData(), value.data(), XATTR_SIZE_MAX);
         if (size >= 0)
             static_cast<void>(
                 ::fsetxattr(to, name.constData(), value.constData(), static_cast<size_t>(size), 0));

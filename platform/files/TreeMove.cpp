@@ -10,8 +10,9 @@ namespace platform {
 
 namespace {
 
-// At every moment the item is whole at the source, at the target, or at both: the copy appears under its
-// name only when it is complete, and the source disappears from under its own before it is taken apart.
+// At every moment the item is whole at the source, at the target, or at both: the copy appears
+// under its name only when it is complete, and the source disappears from under its own before it
+// is taken apart.
 bool copyAndRemove(const QByteArray& from, const QByteArray& to, Error* error)
 {
     const QByteArray unfinished = system::privateSibling(to);
@@ -45,8 +46,8 @@ bool moveItem(const QString& from, const QString& to, Error* error)
 {
     const auto nativeFrom = system::nativePath(from);
     const auto nativeTo = system::nativePath(to);
-    const int failure
-        = nativeFrom && nativeTo ? system::renameWithoutReplacing(*nativeFrom, *nativeTo) : EINVAL;
+    const int failure =
+        nativeFrom && nativeTo ? system::renameWithoutReplacing(*nativeFrom, *nativeTo) : EINVAL;
     if (failure == 0)
         return true;
     if (failure == EXDEV)

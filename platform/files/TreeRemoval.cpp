@@ -13,8 +13,8 @@ namespace platform {
 
 namespace {
 
-// Empties a folder however deep it is, with one open folder at a time and never through a link. Paths
-// would end at PATH_MAX, and an open folder a level at the limit of open files.
+// Empties a folder however deep it is, with one open folder at a time and never through a link.
+// Paths would end at PATH_MAX, and an open folder a level at the limit of open files.
 class FolderRemoval {
 public:
     // root: without a slash at its end.
@@ -99,7 +99,8 @@ private:
         system::Descriptor above;
         if (m_levels.size() > 1) {
             const Level& expected = m_levels[m_levels.size() - 2];
-            above = system::Descriptor(::openat(m_folder.number(), "..", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+            above = system::Descriptor(
+                ::openat(m_folder.number(), "..", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
             struct stat status = {};
             if (!above.isOpen() || ::fstat(above.number(), &status) != 0)
                 return errno;
@@ -108,7 +109,8 @@ private:
                 return ESTALE;
             parent = above.number();
         }
-        if (::unlinkat(parent, m_levels.back().name.constData(), AT_REMOVEDIR) != 0 && errno != ENOENT)
+        if (::unlinkat(parent, m_levels.back().name.constData(), AT_REMOVEDIR) != 0 &&
+            errno != ENOENT)
             return errno;
         m_levels.pop_back();
         m_folder = std::move(above);

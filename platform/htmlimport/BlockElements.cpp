@@ -123,8 +123,11 @@ void HtmlWalker::enterBlock(Frame& frame, xmlNode* element, Tag tag,
         frame.bottomMargin = distance(declared.margin[bottomEdge], *frame.text, m_fonts);
         return;
     }
-    const bool isSoft =
-        parentBlock->isInItem && frame.block->isInItem && isSoftBlock(tag, declared);
+    // Lines of one paragraph cannot lie differently.
+    const bool isSoft = parentBlock->isInItem && frame.block->isInItem &&
+                        isSoftBlock(tag, declared) &&
+                        parentBlock->alignment == frame.block->alignment &&
+                        parentBlock->direction == frame.block->direction;
     TextFlow::Margin top;
     if (!isBox(declared) && !isInTable) {
         top = {distance(declared.margin[topEdge], *frame.text, m_fonts) +

@@ -106,7 +106,7 @@ double distance(const std::optional<css::Length>& length, const TextStyle& text,
 
 bool isBox(const StyleDeclarations& declared)
 {
-    if (declared.isCodeBlock ||
+    if (declared.isCodeBlock || declared.isColoredPart ||
         std::any_of(declared.border.begin(), declared.border.end(), isVisible))
         return true;
     const auto hasLength = [](const std::optional<css::Length>& side) {
@@ -151,8 +151,8 @@ BlockStylePointer derivedBlockStyle(const BlockStylePointer& parent,
     const bool hasIndents =
         hasOwnIndents(tag) && (declared.margin[leftEdge] || declared.margin[rightEdge] ||
                                declared.padding[leftEdge] || declared.padding[rightEdge]);
-    const bool wantsBox =
-        !isNeverBox(tag) && isBox(declared) && parent->boxes.size() < deepestBoxLevel;
+    const bool wantsBox = (declared.isColoredPart || !isNeverBox(tag)) && isBox(declared) &&
+                          parent->boxes.size() < deepestBoxLevel;
     const bool breaksAreSoft = (keepsItsBreaks(tag) || parent->isInItem) && !declared.isCodeBlock;
     const int level = headerLevelOf(tag);
     if (!hasIndents && !wantsBox && !declared.textAlign && !declared.direction &&

@@ -33,7 +33,7 @@ constexpr std::size_t deepestListLevel = 50;
 constexpr std::size_t deepestBoxLevel = 20;
 
 // True when a block with these declarations is drawn as a box of its own: code, or anything with a
-// border, or a colour behind it with room around its text.
+// border, or with a colour behind it and room around its text or several paragraphs.
 [[nodiscard]] bool isBox(const StyleDeclarations& declared);
 
 // The style of a block inside its parent. text: the block's own text style.

@@ -2,6 +2,7 @@
 #include "platform/htmlimport/CssColors.h"
 
 #include "platform/htmlimport/CssColorNames.h"
+#include "platform/htmlimport/CssColorSpaces.h"
 #include "platform/htmlimport/CssLengths.h"
 #include "platform/htmlimport/CssTokenizer.h"
 
@@ -111,11 +112,15 @@ std::optional<ColorValue> fromFunction(const Function& function)
 {
     std::vector<std::string_view> parts = valueParts(function.arguments);
     std::erase_if(parts, [](std::string_view part) { return part == "," || part == "/"; });
-    if (parts.size() < 3 || parts.size() > 4)
+    const std::size_t count = equalsFolded(function.name, "color") ? 4 : 3;
+    if (parts.size() < count || parts.size() > count + 1)
         return std::nullopt;
-    const std::optional<double> alpha = parts.size() == 4 ? shareFrom(parts[3], 1) : 1.0;
+    const std::optional<double> alpha = parts.size() > count ? shareFrom(parts.back(), 1) : 1.0;
     if (!alpha)
         return std::nullopt;
+    parts.resize(count);
+    if (const auto color = colorFromSpace(function.name, parts, *alpha))
+        return ColorValue{*color};
 
     if (equalsFolded(function.name, "rgb") || equalsFolded(function.name, "rgba")) {
         const auto red = shareFrom(parts[0], 255);

@@ -22,8 +22,8 @@ struct ColorValue {
 };
 
 // Every notation of CSS: #rgb, #rgba, #rrggbb, #rrggbbaa, rgb(), rgba(), hsl() and hsla() with
-// commas or blanks, hwb(), the named colours, transparent and currentColor. None for anything else,
-// inherit and the system's colours among it.
+// commas or blanks, hwb(), lab() and its kin, color() with its spaces, the named colours,
+// transparent and currentColor. None for anything else: inherit, mixed colours, the system's.
 [[nodiscard]] std::optional<ColorValue> colorFrom(std::string_view text);
 
 // As HTML attributes write it, where the number sign may be missing.

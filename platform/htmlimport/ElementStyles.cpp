@@ -16,6 +16,40 @@ bool isStyle(const xmlAttr* attribute)
     return css::equalsFolded(reinterpret_cast<const char*>(attribute->name), "style");
 }
 
+bool hasBlocks(const xmlNode* element)
+{
+    for (const xmlNode* child = element->children; child; child = child->next) {
+        if (child->type == XML_ELEMENT_NODE &&
+            elementDefaults(tagOf(child)).display == Display::Block)
+            return true;
+    }
+    return false;
+}
+
+bool isPage(Tag tag)
+{
+    return tag == Tag::Html || tag == Tag::Body || tag == Tag::EnNote;
+}
+
+// Text on such a colour is light, and would be lost on white paper.
+bool isDark(const Color& color)
+{
+    const double light = 0.299 * color.red + 0.587 * color.green + 0.114 * color.blue;
+    return color.alpha * light + (1 - color.alpha) < 0.5;
+}
+
+// Whether the colour lies behind a part of the page and not behind a single paragraph's text. The
+// page itself is one only where its text could not be read without it.
+bool isColoredPart(const xmlNode* element, Tag tag, const StyleDeclarations& declared)
+{
+    const auto& background = declared.background;
+    if (!background || background->isCurrentColor || background->isTransparent() ||
+        background->color == Color{1, 1, 1, 1} || declared.display != Display::Block ||
+        isTablePart(tag) || isList(tag) || tag == Tag::Li)
+        return false;
+    return isPage(tag) ? isDark(background->color) : hasBlocks(element);
+}
+
 } // namespace
 
 const StyleDeclarations& ElementStyles::parsed(std::string_view style)
@@ -53,6 +87,7 @@ ElementStyles::Result ElementStyles::of(const xmlNode* element, Tag tag)
         m_declared.mergeOver(own);
         hasOwnTopMargin = own.margin[static_cast<std::size_t>(TextEdge::Top)].has_value();
     }
+    m_declared.isColoredPart = isColoredPart(element, tag, m_declared);
     return {m_declared, true, hasOwnTopMargin};
 }
 

@@ -21,22 +21,12 @@ bool isWhite(const css::ColorValue& color)
     return color.color == Color{1, 1, 1, 1};
 }
 
-bool hasBlocks(const xmlNode* element)
-{
-    for (const xmlNode* child = element->children; child; child = child->next) {
-        if (child->type == XML_ELEMENT_NODE &&
-            elementDefaults(tagOf(child)).display == Display::Block)
-            return true;
-    }
-    return false;
-}
-
-// Whether a block's background is painted behind its text, as a highlight is: only where the block
-// is a single paragraph. The colour of a page or of a part of it is not the text's.
-bool paintsText(const xmlNode* element, Tag tag, const StyleDeclarations& declared)
+// Whether a block's background is painted behind its text, as a highlight is. The colour of a page
+// is not the text's, and that of a part of it is a box's.
+bool paintsText(Tag tag, const StyleDeclarations& declared)
 {
     return declared.background && !isPage(tag) && !isTablePart(tag) && !isBox(declared) &&
-           !isWhite(*declared.background) && !hasBlocks(element);
+           !isWhite(*declared.background);
 }
 
 QString linkFrom(const xmlNode* element)
@@ -167,7 +157,7 @@ TextStylePointer HtmlWalker::textStyleFor(const xmlNode* element, Tag tag,
         !(isCell(tag) && parent->attributes.backgroundColor))
         return parent;
     TextStyle style = derivedTextStyle(*parent, declared, m_fonts);
-    if (isBlock && !paintsText(element, tag, declared))
+    if (isBlock && !paintsText(tag, declared))
         style.attributes.backgroundColor = parent->attributes.backgroundColor;
     if (isCell(tag) || (isBlock && isBox(declared)))
         style.attributes.backgroundColor.reset();

@@ -86,6 +86,10 @@ struct StyleDeclarations {
     std::optional<bool> hidesEmptyCells;
     std::optional<css::Length> borderSpacing;
 
+    // A coloured block that is more than one paragraph; no source says so, the element's content
+    // does.
+    bool isColoredPart = false;
+
     // Evernote's own notations.
     bool isChecklist = false;
     std::optional<bool> isChecked;

@@ -67,6 +67,12 @@ void TableBuilder::enterTable(const xmlNode* element, const StyleDeclarations& d
     table.hidesEmptyCells = declared.hidesEmptyCells.value_or(false);
     if (declared.background && !declared.background->isTransparent())
         table.backgroundColor = declared.background->resolved(text.attributes.foregroundColor);
+    StyleDeclarations onlyBorder;
+    onlyBorder.border = declared.border;
+    TextBlock frame;
+    fillBox(frame, onlyBorder, text, m_fonts);
+    table.borderWidth = frame.borderWidth;
+    table.borderColor = frame.borderColor;
 
     state.padding = pixelsAttribute(element, "cellpadding").value_or(usualPadding);
     state.spacing = pixelsAttribute(element, "cellspacing").value_or(usualSpacing);

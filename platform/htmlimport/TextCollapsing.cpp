@@ -86,9 +86,7 @@ void TextFlow::addVerbatim(std::string_view utf8, const TextStylePointer& style)
     if (style->hidden || utf8.empty())
         return;
     beforeContent(style);
-    QString text;
-    appendUtf8(text, utf8);
-    append(text, style);
+    append(QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())), style);
 }
 
 // A run of text without collapsible blanks.
@@ -138,7 +136,7 @@ void TextFlow::addPreformatted(std::string_view utf8, const TextStylePointer& st
             appendWord(line, style);
         }
         if (hasEnd) {
-            m_blank.reset();
+            dropBlank();
             breakLine(style);
         }
     }

@@ -84,9 +84,18 @@ void TextFlow::append(QStringView text, const TextStylePointer& style)
         m_pieces.back().end = m_text.size();
 }
 
+// A blank at the end of a line is nothing. A box alone in its line keeps it: without it, nobody
+// knows it for one.
+void TextFlow::dropBlank()
+{
+    if (m_blank && isBox(QStringView(m_text).mid(m_lineStart)))
+        append(u" ", m_pieces.back().style);
+    m_blank.reset();
+}
+
 void TextFlow::appendLineSeparator(const TextStylePointer& style)
 {
-    m_blank.reset();
+    dropBlank();
     append(QStringView(&lineSeparator, 1), style);
     m_lineStart = m_text.size();
 }
@@ -150,7 +159,7 @@ void TextFlow::truncate(qsizetype length)
 // The last br of a block only ends its line, which the block's end does as well.
 void TextFlow::dropTrailingBreak()
 {
-    m_blank.reset();
+    dropBlank();
     m_codeBreaks = 0;
     if (!m_endsWithBreak)
         return;
@@ -220,11 +229,7 @@ void TextFlow::yieldToBox()
 
 void TextFlow::endParagraph(double spacingAfter)
 {
-    // A box alone on its line keeps the blank after it: without it, nobody knows it for one.
-    const bool boxNeedsBlank = m_blank && isBox(QStringView(m_text).mid(m_prefixLength));
     dropTrailingBreak();
-    if (boxNeedsBlank)
-        append(u" ", m_pieces.back().style);
     yieldToBox();
 
     m_traits.spacingAfter = spacingAfter;

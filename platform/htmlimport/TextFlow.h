@@ -19,7 +19,8 @@ public:
 
     // Text of the page, UTF-8, as its style's white space and transform say.
     void addText(std::string_view utf8, const TextStylePointer& style);
-    // Text of the page that keeps its blanks.
+    // Text of the page that keeps all its characters: blanks, and the one that stands for
+    // attachments.
     void addVerbatim(std::string_view utf8, const TextStylePointer& style);
     // Text that the import itself makes.
     void insert(QStringView text, const TextStylePointer& style);
@@ -80,6 +81,7 @@ private:
     void append(QStringView text, const TextStylePointer& style);
     void appendLineSeparator(const TextStylePointer& style);
     [[nodiscard]] bool isAtLineStart() const;
+    void dropBlank();
     void dropTrailingBreak();
     void truncate(qsizetype length);
 

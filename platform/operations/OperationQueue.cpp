@@ -23,15 +23,32 @@ public:
         const std::lock_guard lock(m_mutex);
         m_waiting.push_back(operation);
         if (m_kind == Kind::MainThread) {
-            QMetaObject::invokeMethod(
-                QCoreApplication::instance(), [self = shared_from_this()] { self->runNext(); }, Qt::QueuedConnection);
+            if (m_hasApplication)
+                postNext();
             return;
         }
         if (m_threads < m_limit) {
             ++m_threads;
-            // A thread lives while there is work, so none is left to be joined when the queue goes away.
+            // A thread lives while there is work, so none is left to be joined when the queue goes
+            // away.
             std::thread([self = shared_from_this()] { self->runUntilEmpty(); }).detach();
         }
+    }
+
+    // Of the main queue, on the main thread: what was added meanwhile has waited.
+    void applicationBegins()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_hasApplication = true;
+        for (std::size_t count = 0; count < m_waiting.size(); ++count)
+            postNext();
+    }
+
+    // Of the main queue, on the main thread, while the application is still there to be posted to.
+    void applicationEnds()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_hasApplication = false;
     }
 
     void setLimit(int limit)
@@ -55,7 +72,17 @@ public:
     }
 
 private:
-    [[nodiscard]] bool isEmpty() const { return m_waiting.empty() && m_running.empty() && m_releasing == 0; }
+    [[nodiscard]] bool isEmpty() const
+    {
+        return m_waiting.empty() && m_running.empty() && m_releasing == 0;
+    }
+
+    void postNext()
+    {
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(), [self = shared_from_this()] { self->runNext(); },
+            Qt::QueuedConnection);
+    }
 
     void runUntilEmpty()
     {
@@ -93,8 +120,8 @@ private:
             std::erase(m_running, operation);
             ++m_releasing;
         }
-        // Outside the lock, because what an operation holds may reach back to this queue when it is released;
-        // and before anybody hears that the queue is empty.
+        // Outside the lock, because what an operation holds may reach back to this queue when it is
+        // released; and before anybody hears that the queue is empty.
         operation.reset();
         const std::lock_guard lock(m_mutex);
         --m_releasing;
@@ -104,6 +131,8 @@ private:
 
     const Kind m_kind;
     mutable std::mutex m_mutex;
+    // Held true for as long as it may be posted to, which is shorter than it exists.
+    bool m_hasApplication = false;
     std::condition_variable m_emptied;
     std::deque<std::shared_ptr<Operation>> m_waiting;
     std::vector<std::shared_ptr<Operation>> m_running;
@@ -127,20 +156,45 @@ OperationQueue::~OperationQueue() = default;
 
 OperationQueue& OperationQueue::mainQueue()
 {
-    static OperationQueue queue(Kind::MainThread);
+    // Never destroyed: a thread that still works while the program ends may have something to hand
+    // over.
+    static OperationQueue& queue = *new OperationQueue(Kind::MainThread);
     return queue;
 }
 
-void OperationQueue::addOperation(const std::shared_ptr<Operation>& operation) { m_state->add(operation); }
+// Follows the applications that there are one after another; usually there is one.
+struct OperationQueue::MainQueueLife {
+    static void begin()
+    {
+        mainQueue().m_state->applicationBegins();
+        qAddPostRoutine(&MainQueueLife::end);
+    }
+    static void end() { mainQueue().m_state->applicationEnds(); }
+    static const bool isFollowing;
+};
+
+const bool OperationQueue::MainQueueLife::isFollowing =
+    (qAddPreRoutine(&MainQueueLife::begin), true);
+
+void OperationQueue::addOperation(const std::shared_ptr<Operation>& operation)
+{
+    m_state->add(operation);
+}
 
 void OperationQueue::addOperationWithBlock(std::function<void()> block)
 {
     addOperation(std::make_shared<BlockOperation>(std::move(block)));
 }
 
-void OperationQueue::setMaxConcurrentOperationCount(int count) { m_state->setLimit(count); }
+void OperationQueue::setMaxConcurrentOperationCount(int count)
+{
+    m_state->setLimit(count);
+}
 
-std::vector<std::shared_ptr<Operation>> OperationQueue::operations() const { return m_state->operations(); }
+std::vector<std::shared_ptr<Operation>> OperationQueue::operations() const
+{
+    return m_state->operations();
+}
 
 void OperationQueue::cancelAllOperations()
 {
@@ -148,6 +202,9 @@ void OperationQueue::cancelAllOperations()
         operation->cancel();
 }
 
-void OperationQueue::waitUntilAllOperationsAreFinished() { m_state->waitUntilEmpty(); }
+void OperationQueue::waitUntilAllOperationsAreFinished()
+{
+    m_state->waitUntilEmpty();
+}
 
 } // namespace platform

@@ -9,11 +9,11 @@
 
 namespace platform {
 
-// Runs operations in the order in which they were added, several at a time on threads of its own. The
-// main queue runs them one after another in the event loop of the main thread.
+// Runs operations in the order in which they were added, several at a time on threads of its own.
+// The main queue runs them one after another in the event loop of the main thread.
 //
-// A queue holds an operation until it has finished. A queue that goes away lets what was added run to its
-// end; it may be destroyed on one of its own threads.
+// A queue holds an operation until it has finished. A queue that goes away lets what was added run
+// to its end; it may be destroyed on one of its own threads.
 class OperationQueue {
 public:
     OperationQueue();
@@ -21,7 +21,9 @@ public:
     OperationQueue(const OperationQueue&) = delete;
     OperationQueue& operator=(const OperationQueue&) = delete;
 
-    // The queue of the thread that runs the application's event loop. Needs a QCoreApplication.
+    // The queue of the thread that runs the application's event loop. Where there is no
+    // QCoreApplication, or no longer, what is added waits for the next one, and who waits for it
+    // waits on: a thread that is at work when the program ends is held there.
     [[nodiscard]] static OperationQueue& mainQueue();
 
     void addOperation(const std::shared_ptr<Operation>& operation);
@@ -43,6 +45,7 @@ private:
     explicit OperationQueue(Kind kind);
 
     class State;
+    struct MainQueueLife;
     std::shared_ptr<State> m_state;
 };
 

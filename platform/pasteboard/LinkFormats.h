@@ -14,8 +14,10 @@ struct OfferedLink {
     QString title; // empty where the format has none
 };
 
-// From, in this order: text/x-moz-url (address and title on two lines, UTF-16 of either byte order, or
-// UTF-8), _NETSCAPE_URL (the same in UTF-8), text/uri-list (its first line that is no comment).
+// On X11 Qt itself gives the first of these as the last, which has no titles.
+//
+// From, in this order: text/x-moz-url (address and title on two lines, UTF-16 of either byte order,
+// or UTF-8), _NETSCAPE_URL (the same in UTF-8), text/uri-list (its first line that is no comment).
 [[nodiscard]] std::optional<OfferedLink> offeredLink(const QMimeData& data);
 
 // Whether there is any of these formats, without reading it.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/pasteboard/Pasteboard.h"
 
-#include "platform/core/UrlString.h"
 #include "platform/pasteboard/LinkFormats.h"
+#include "platform/pasteboard/MimeBytes.h"
 #include "platform/pasteboard/PasteboardTypes.h"
 #include "platform/propertylist/PropertyList.h"
 
@@ -30,6 +30,23 @@ QString formatForType(const QString& type)
     return type;
 }
 
+// The name under which the data has the type: its own, or the uniform type's that is made of it.
+std::optional<QString> offeredFormat(const QMimeData& data, const QString& type)
+{
+    const QString format = formatForType(type);
+    if (data.hasFormat(format))
+        return format;
+    const QString uniformType = uniformTypeForPasteboardType(type);
+    if (data.hasFormat(uniformType))
+        return uniformType;
+    // The other way round: the data has the name that this is the uniform type of.
+    for (const QString& offered : data.formats()) {
+        if (uniformTypeForPasteboardType(offered) == type)
+            return offered;
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 Pasteboard::Pasteboard() { clearContents(); }
@@ -41,11 +58,11 @@ Pasteboard::Pasteboard(const QMimeData& offered)
 
 void Pasteboard::clearContents()
 {
-    m_ownData = std::make_shared<QMimeData>();
+    m_ownData = std::make_shared<MimeBytes>();
     m_data = m_ownData;
 }
 
-QMimeData& Pasteboard::ownData()
+MimeBytes& Pasteboard::ownData()
 {
     if (!m_ownData)
         clearContents();
@@ -56,7 +73,7 @@ bool Pasteboard::offers(const QString& type) const
 {
     if (isUrlType(type))
         return offersLink(*m_data);
-    if (m_data->hasFormat(formatForType(type)))
+    if (offeredFormat(*m_data, type))
         return true;
     if (type != pasteboardUniformTypeUrlName)
         return false;
@@ -77,9 +94,10 @@ std::optional<QByteArray> Pasteboard::dataForType(const QString& type) const
 {
     if (!offers(type))
         return std::nullopt;
-    const QString format = formatForType(type);
-    if (m_data->hasFormat(format))
-        return m_data->data(format);
+    // A list of addresses is no address.
+    const auto format = isUrlType(type) ? std::nullopt : offeredFormat(*m_data, type);
+    if (format)
+        return m_data->data(*format);
     const auto link = offeredLink(*m_data);
     if (!link)
         return std::nullopt;
@@ -100,15 +118,15 @@ std::optional<QVariant> Pasteboard::propertyListForType(const QString& type) con
     return bytes ? propertyListFromData(*bytes) : std::nullopt;
 }
 
-std::optional<QUrl> Pasteboard::url() const
+std::optional<Url> Pasteboard::url() const
 {
     const auto link = offeredLink(*m_data);
-    return link ? urlWithString(link->address) : std::nullopt;
+    return link ? Url::fromLooseString(link->address) : std::nullopt;
 }
 
 void Pasteboard::setData(const QByteArray& bytes, const QString& type)
 {
-    ownData().setData(formatForType(type), bytes);
+    ownData().setBytes(formatForType(type), bytes);
 }
 
 void Pasteboard::setString(const QString& text, const QString& type) { setData(text.toUtf8(), type); }
@@ -121,13 +139,16 @@ bool Pasteboard::setPropertyList(const QVariant& value, const QString& type, Err
     return bytes.has_value();
 }
 
-void Pasteboard::writeUrl(const QUrl& url) { ownData().setUrls({url}); }
+void Pasteboard::writeUrl(const Url& url)
+{
+    setData(url.absoluteString().toLatin1() + "\r\n", pasteboardTypeUrl);
+}
 
 std::unique_ptr<QMimeData> Pasteboard::mimeData() const
 {
-    auto copy = std::make_unique<QMimeData>();
+    auto copy = std::make_unique<MimeBytes>();
     for (const QString& format : m_data->formats())
-        copy->setData(format, m_data->data(format));
+        copy->setBytes(format, m_data->data(format));
     return copy;
 }
 

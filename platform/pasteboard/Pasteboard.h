@@ -2,10 +2,10 @@
 #pragma once
 
 #include "platform/core/Error.h"
+#include "platform/core/Url.h"
 
 #include <QMimeData>
 #include <QStringList>
-#include <QUrl>
 #include <QVariant>
 
 #include <memory>
@@ -13,8 +13,11 @@
 
 namespace platform {
 
-// Data of several types, each of them the same thing in another form. Types are told by the names in
-// PasteboardTypes.h or by any others that programs agree on.
+class MimeBytes;
+
+// Data of several types, each of them the same thing in another form. Types are told by the names
+// in PasteboardTypes.h or by any others that programs agree on; the uniform type made of another's
+// name (uniformTypeForPasteboardType) is that type.
 class Pasteboard {
 public:
     // An empty one, to be written.
@@ -29,27 +32,29 @@ public:
     // The first of the types that it offers.
     [[nodiscard]] std::optional<QString> availableTypeFromArray(const QStringList& types) const;
 
-    // None when the type is not offered; the last three also when the data is not what they ask for.
+    // None when the type is not offered; all but the first also when the data is not what they ask
+    // for.
     [[nodiscard]] std::optional<QByteArray> dataForType(const QString& type) const;
     [[nodiscard]] std::optional<QString> stringForType(const QString& type) const;
     [[nodiscard]] std::optional<QVariant> propertyListForType(const QString& type) const;
-    [[nodiscard]] std::optional<QUrl> url() const;
+    // Of a link that is offered. Addresses are taken as loosely as other programs write them.
+    [[nodiscard]] std::optional<Url> url() const;
 
     void clearContents();
     void setData(const QByteArray& bytes, const QString& type);
     void setString(const QString& text, const QString& type);
     // Fails for what is no property list.
     [[nodiscard]] bool setPropertyList(const QVariant& value, const QString& type, Error* error = nullptr);
-    void writeUrl(const QUrl& url);
+    void writeUrl(const Url& url);
 
     // A copy of everything, for the clipboard or a drag.
     [[nodiscard]] std::unique_ptr<QMimeData> mimeData() const;
 
 private:
-    [[nodiscard]] QMimeData& ownData();
+    [[nodiscard]] MimeBytes& ownData();
 
     std::shared_ptr<const QMimeData> m_data;
-    std::shared_ptr<QMimeData> m_ownData;
+    std::shared_ptr<MimeBytes> m_ownData;
 };
 
 } // namespace platform

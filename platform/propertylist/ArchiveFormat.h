@@ -4,6 +4,9 @@
 #include <QRectF>
 #include <QString>
 #include <QStringList>
+#include <QVariant>
+
+#include <optional>
 
 namespace platform {
 
@@ -17,6 +20,9 @@ inline constexpr int depthLimit = 256;
 // A key that begins with a dollar sign gets a second one: the format's own keys begin with one.
 [[nodiscard]] QString escapedKey(const QString& key);
 [[nodiscard]] QString unescapedKey(const QString& key);
+
+// The number of the object that a value of an archive refers to; none when it is no reference.
+[[nodiscard]] std::optional<quint32> uidOf(const QVariant& value);
 
 // {{x, y}, {width, height}}
 [[nodiscard]] QString textFromRect(const QRectF& rect);

@@ -41,20 +41,35 @@ ArchiveValue ArchiveValue::string(const QString& text, Mutability mutability)
     return ArchiveValue(Node{text, mutability});
 }
 
-ArchiveValue ArchiveValue::boolean(bool value) { return ArchiveValue(Node{value}); }
+ArchiveValue ArchiveValue::boolean(bool value)
+{
+    return ArchiveValue(Node{value});
+}
 
-ArchiveValue ArchiveValue::integer(qint64 value) { return ArchiveValue(Node{value}); }
+ArchiveValue ArchiveValue::integer(qint64 value)
+{
+    return ArchiveValue(Node{value});
+}
 
-ArchiveValue ArchiveValue::floating(float value) { return ArchiveValue(Node{value}); }
+ArchiveValue ArchiveValue::floating(float value)
+{
+    return ArchiveValue(Node{value});
+}
 
-ArchiveValue ArchiveValue::floating(double value) { return ArchiveValue(Node{value}); }
+ArchiveValue ArchiveValue::floating(double value)
+{
+    return ArchiveValue(Node{value});
+}
 
 ArchiveValue ArchiveValue::data(const QByteArray& bytes, Mutability mutability)
 {
     return ArchiveValue(Node{bytes, mutability});
 }
 
-ArchiveValue ArchiveValue::date(const QDateTime& date) { return ArchiveValue(Node{date}); }
+ArchiveValue ArchiveValue::date(const QDateTime& date)
+{
+    return ArchiveValue(Node{date});
+}
 
 ArchiveValue ArchiveValue::array(const QList<ArchiveValue>& elements, Mutability mutability)
 {
@@ -71,21 +86,30 @@ ArchiveValue ArchiveValue::object(const std::shared_ptr<KeyedCoding>& object)
     return object ? ArchiveValue(Node{object}) : ArchiveValue();
 }
 
-ArchiveValue ArchiveValue::unknown(const ArchivedObject& object) { return ArchiveValue(Node{object}); }
+ArchiveValue ArchiveValue::unknown(const ArchivedObject& object)
+{
+    return ArchiveValue(Node{object});
+}
 
 ArchiveValue::Kind ArchiveValue::kind() const
 {
     return m_node ? static_cast<Kind>(m_node->content.index()) : Kind::Null;
 }
 
-bool ArchiveValue::isMutable() const { return m_node && m_node->mutability == Mutability::Mutable; }
+bool ArchiveValue::isMutable() const
+{
+    return m_node && m_node->mutability == Mutability::Mutable;
+}
 
 QString ArchiveValue::toText() const
 {
     return kind() == Kind::String ? std::get<QString>(m_node->content) : QString();
 }
 
-bool ArchiveValue::toBool() const { return toDouble() != 0; }
+bool ArchiveValue::toBool() const
+{
+    return toDouble() != 0;
+}
 
 qint64 ArchiveValue::toInt64() const
 {
@@ -94,7 +118,10 @@ qint64 ArchiveValue::toInt64() const
     return clampedInteger(toDouble());
 }
 
-float ArchiveValue::toFloat() const { return float(toDouble()); }
+float ArchiveValue::toFloat() const
+{
+    return float(toDouble());
+}
 
 double ArchiveValue::toDouble() const
 {
@@ -124,7 +151,8 @@ QDateTime ArchiveValue::toDate() const
 
 QList<ArchiveValue> ArchiveValue::elements() const
 {
-    return kind() == Kind::Array ? std::get<QList<ArchiveValue>>(m_node->content) : QList<ArchiveValue>();
+    return kind() == Kind::Array ? std::get<QList<ArchiveValue>>(m_node->content)
+                                 : QList<ArchiveValue>();
 }
 
 QList<ArchiveValue::Entry> ArchiveValue::entries() const
@@ -143,7 +171,8 @@ ArchiveValue ArchiveValue::valueForKey(const QString& key) const
 
 std::shared_ptr<KeyedCoding> ArchiveValue::toObject() const
 {
-    return kind() == Kind::Object ? std::get<std::shared_ptr<KeyedCoding>>(m_node->content) : nullptr;
+    return kind() == Kind::Object ? std::get<std::shared_ptr<KeyedCoding>>(m_node->content)
+                                  : nullptr;
 }
 
 const ArchivedObject* ArchiveValue::toUnknown() const
@@ -177,13 +206,14 @@ const ArchivedObject::Field* ArchivedObject::fieldForKey(const QString& key) con
 ArchiveValue ArchivedObject::referenceForKey(const QString& key) const
 {
     const Field* const field = fieldForKey(key);
-    return field && field->form == Field::Form::Reference ? field->references.value(0) : ArchiveValue();
+    return field && field->form == Field::Form::Reference ? field->references.value(0)
+                                                          : ArchiveValue();
 }
 
 bool operator==(const ArchivedObject::Field& left, const ArchivedObject::Field& right)
 {
-    return left.key == right.key && left.form == right.form && left.plain == right.plain
-           && left.references == right.references;
+    return left.key == right.key && left.form == right.form && left.plain == right.plain &&
+           left.references == right.references;
 }
 
 bool operator==(const ArchivedObject& left, const ArchivedObject& right)

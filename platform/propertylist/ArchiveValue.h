@@ -16,8 +16,8 @@ namespace platform {
 
 struct ArchivedObject;
 
-// An object of a keyed archive, or none. A handle: copies are the same object, which an archive holds
-// once. Objects never change after they are made.
+// An object of a keyed archive, or none. A handle: copies are the same object, which an archive
+// holds once. Objects never change after they are made.
 class ArchiveValue {
 public:
     enum class Kind {
@@ -39,13 +39,15 @@ public:
     using Entry = std::pair<ArchiveValue, ArchiveValue>;
 
     ArchiveValue() = default;
-    [[nodiscard]] static ArchiveValue string(const QString& text, Mutability = Mutability::Immutable);
+    [[nodiscard]] static ArchiveValue string(const QString& text,
+                                             Mutability = Mutability::Immutable);
     [[nodiscard]] static ArchiveValue boolean(bool value);
     [[nodiscard]] static ArchiveValue integer(qint64 value);
     // Archived as a 32-bit and as a 64-bit real.
     [[nodiscard]] static ArchiveValue floating(float value);
     [[nodiscard]] static ArchiveValue floating(double value);
-    [[nodiscard]] static ArchiveValue data(const QByteArray& bytes, Mutability = Mutability::Immutable);
+    [[nodiscard]] static ArchiveValue data(const QByteArray& bytes,
+                                           Mutability = Mutability::Immutable);
     [[nodiscard]] static ArchiveValue date(const QDateTime& date);
     [[nodiscard]] static ArchiveValue array(const QList<ArchiveValue>& elements,
                                             Mutability = Mutability::Immutable);
@@ -75,7 +77,7 @@ public:
     // The dictionary's value under a text key; null when there is none.
     [[nodiscard]] ArchiveValue valueForKey(const QString& key) const;
     [[nodiscard]] std::shared_ptr<KeyedCoding> toObject() const;
-    template<typename Class>
+    template <typename Class>
     [[nodiscard]] std::shared_ptr<Class> objectAs() const
     {
         return std::dynamic_pointer_cast<Class>(toObject());

@@ -44,7 +44,8 @@ std::optional<QVariant> BinaryPropertyListReader::read(Error* error)
 {
     if (readTrailer() && readObject(m_root) && readElements())
         return m_objects[m_root].value;
-    setError(error, propertyListError(PropertyListErrorCode::ReadCorrupt, "The property list is damaged."));
+    setError(error, propertyListError(PropertyListErrorCode::ReadCorrupt,
+                                      "The property list is damaged."));
     return std::nullopt;
 }
 
@@ -152,7 +153,8 @@ bool BinaryPropertyListReader::closeContainer(const Frame& frame)
     return weight <= limit && object.height <= propertyListDepthLimit;
 }
 
-std::optional<BinaryPropertyListReader::Header> BinaryPropertyListReader::readHeader(quint64 offset) const
+std::optional<BinaryPropertyListReader::Header>
+BinaryPropertyListReader::readHeader(quint64 offset) const
 {
     if (offset < magicSize || offset >= m_tableOffset)
         return std::nullopt;
@@ -180,7 +182,8 @@ std::optional<QVariant> BinaryPropertyListReader::readScalar(const Header& heade
             return QVariant(header.count == 9);
         return std::nullopt;
     case 0x10:
-        return header.count <= 4 ? readInteger(header.offset, quint64(1) << header.count) : std::nullopt;
+        return header.count <= 4 ? readInteger(header.offset, quint64(1) << header.count)
+                                 : std::nullopt;
     case 0x20:
         return readReal(header);
     case 0x30:
@@ -188,7 +191,8 @@ std::optional<QVariant> BinaryPropertyListReader::readScalar(const Header& heade
     case 0x40:
         if (!takeBytes(header.offset, header.count))
             return std::nullopt;
-        return QVariant(m_data.sliced(qsizetype(header.offset), qsizetype(header.count)).toByteArray());
+        return QVariant(
+            m_data.sliced(qsizetype(header.offset), qsizetype(header.count)).toByteArray());
     case 0x50:
     case 0x60:
         return readString(header);
@@ -244,7 +248,8 @@ std::optional<QVariant> BinaryPropertyListReader::readReal(const Header& header)
     if ((size != 4 && size != 8) || !takeBytes(header.offset, size))
         return std::nullopt;
     const quint64 bits = numberAt(header.offset, size);
-    return size == 4 ? QVariant(std::bit_cast<float>(quint32(bits))) : QVariant(std::bit_cast<double>(bits));
+    return size == 4 ? QVariant(std::bit_cast<float>(quint32(bits)))
+                     : QVariant(std::bit_cast<double>(bits));
 }
 
 std::optional<QVariant> BinaryPropertyListReader::readDate(quint64 offset)

@@ -14,14 +14,21 @@ namespace {
 using Space = ColorData::Space;
 
 // NSColorSpace of a keyed colour.
-enum KeyedSpace : qint64 { CalibratedRgb = 1, DeviceRgb, CalibratedWhite, DeviceWhite, Cmyk, Named };
+enum KeyedSpace : qint64 {
+    CalibratedRgb = 1,
+    DeviceRgb,
+    CalibratedWhite,
+    DeviceWhite,
+    Cmyk,
+    Named
+};
 
 // NSID of the custom colour space sRGB.
 constexpr qint64 srgbIdentifier = 7;
 constexpr int namedColorLimit = 8;
 
-std::optional<ColorData> colorFromComponents(std::vector<double> components, std::size_t colorantCount,
-                                             Space space)
+std::optional<ColorData> colorFromComponents(std::vector<double> components,
+                                             std::size_t colorantCount, Space space)
 {
     if (components.size() < colorantCount)
         return std::nullopt;
@@ -39,7 +46,8 @@ std::optional<ColorData> colorFromComponents(std::vector<double> components, std
     const auto light = [black](double ink) {
         return 1 - std::min(1.0, ink + black);
     };
-    return ColorData{light(components[0]), light(components[1]), light(components[2]), alpha, space};
+    return ColorData{light(components[0]), light(components[1]), light(components[2]), alpha,
+                     space};
 }
 
 // Numbers in ASCII between blanks, with a NUL at the end or none.
@@ -119,8 +127,8 @@ std::optional<ColorData> colorFromArchiveData(QByteArrayView data, Error* error)
         color = colorFromArchivedObject(*root);
     }
     if (!color)
-        setError(error,
-                 propertyListError(PropertyListErrorCode::UnarchivingCorrupt, "This is no archived colour."));
+        setError(error, propertyListError(PropertyListErrorCode::UnarchivingCorrupt,
+                                          "This is no archived colour."));
     return color;
 }
 

@@ -25,9 +25,10 @@ struct ColorData {
 };
 
 // The colour in the bytes of a setting: a legacy archive or a keyed one. Grey and CMYK become red,
-// green and blue, without a colour profile; a named colour is the one that was archived along with its
-// name. Patterns have no numbers and fail.
-[[nodiscard]] std::optional<ColorData> colorFromArchiveData(QByteArrayView data, Error* error = nullptr);
+// green and blue, without a colour profile; a named colour is the one that was archived along with
+// its name. Patterns have no numbers and fail.
+[[nodiscard]] std::optional<ColorData> colorFromArchiveData(QByteArrayView data,
+                                                            Error* error = nullptr);
 
 // The colour that an NSColor of a keyed archive stands for.
 [[nodiscard]] std::optional<ColorData> colorFromArchivedObject(const ArchiveValue& object);

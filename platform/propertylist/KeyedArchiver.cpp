@@ -10,7 +10,10 @@ namespace platform {
 
 namespace {
 
-QVariant reference(PropertyListUid uid) { return QVariant::fromValue(uid); }
+QVariant reference(PropertyListUid uid)
+{
+    return QVariant::fromValue(uid);
+}
 
 QStringList mutableClassNames(const char* mutableName, const char* immutableName, bool isMutable)
 {
@@ -55,22 +58,24 @@ QByteArray uniqueKey(const QVariant& value)
     } else if (value.typeId() == QMetaType::QByteArray) {
         contents = value.toByteArray();
     } else {
-        contents = QByteArray(static_cast<const char*>(value.constData()), value.metaType().sizeOf());
+        contents =
+            QByteArray(static_cast<const char*>(value.constData()), value.metaType().sizeOf());
     }
     return QByteArray::number(value.typeId()) + ':' + contents;
 }
 
 } // namespace
 
-std::optional<QByteArray> KeyedArchiver::archivedDataWithRootObject(const ArchiveValue& root, Error* error)
+std::optional<QByteArray> KeyedArchiver::archivedDataWithRootObject(const ArchiveValue& root,
+                                                                    Error* error)
 {
     KeyedArchiver archiver;
     archiver.encodeObject(root, QStringLiteral("root"));
     return archiver.finishEncoding(error);
 }
 
-std::optional<QByteArray> KeyedArchiver::archivedDataWithRootObject(const std::shared_ptr<KeyedCoding>& root,
-                                                                    Error* error)
+std::optional<QByteArray>
+KeyedArchiver::archivedDataWithRootObject(const std::shared_ptr<KeyedCoding>& root, Error* error)
 {
     return archivedDataWithRootObject(ArchiveValue::object(root), error);
 }
@@ -110,21 +115,36 @@ void KeyedArchiver::encodeRect(const QRectF& rect, const QString& key)
     encodeString(archive::textFromRect(rect), key);
 }
 
-void KeyedArchiver::encodeInt64(qint64 value, const QString& key) { setPlain(key, qlonglong(value)); }
+void KeyedArchiver::encodeInt64(qint64 value, const QString& key)
+{
+    setPlain(key, qlonglong(value));
+}
 
-void KeyedArchiver::encodeBool(bool value, const QString& key) { setPlain(key, value); }
+void KeyedArchiver::encodeBool(bool value, const QString& key)
+{
+    setPlain(key, value);
+}
 
-void KeyedArchiver::encodeFloat(float value, const QString& key) { setPlain(key, value); }
+void KeyedArchiver::encodeFloat(float value, const QString& key)
+{
+    setPlain(key, value);
+}
 
-void KeyedArchiver::encodeDouble(double value, const QString& key) { setPlain(key, value); }
+void KeyedArchiver::encodeDouble(double value, const QString& key)
+{
+    setPlain(key, value);
+}
 
-void KeyedArchiver::encodeBytes(const QByteArray& bytes, const QString& key) { setPlain(key, bytes); }
+void KeyedArchiver::encodeBytes(const QByteArray& bytes, const QString& key)
+{
+    setPlain(key, bytes);
+}
 
 std::optional<QByteArray> KeyedArchiver::finishEncoding(Error* error)
 {
     if (m_tooDeep) {
-        setError(error,
-                 propertyListError(PropertyListErrorCode::WriteInvalid, "Objects are nested too deeply."));
+        setError(error, propertyListError(PropertyListErrorCode::WriteInvalid,
+                                          "Objects are nested too deeply."));
         return std::nullopt;
     }
     QVariantMap archive;
@@ -201,7 +221,8 @@ void KeyedArchiver::fill(const ArchiveValue& value)
     case ArchiveValue::Kind::Date: {
         const std::optional<double> seconds = secondsSince2001(value.toDate());
         // An invalid date goes on as it is and makes the property list fail.
-        setPlain(QStringLiteral("NS.time"), seconds ? QVariant(*seconds) : QVariant(value.toDate()));
+        setPlain(QStringLiteral("NS.time"),
+                 seconds ? QVariant(*seconds) : QVariant(value.toDate()));
         return setClass({QStringLiteral("NSDate"), QStringLiteral("NSObject")});
     }
     case ArchiveValue::Kind::Array:
@@ -216,7 +237,8 @@ void KeyedArchiver::fill(const ArchiveValue& value)
         }
         setPlain(QStringLiteral("NS.keys"), addAll(keys));
         setPlain(QStringLiteral("NS.objects"), addAll(values));
-        return setClass(mutableClassNames("NSMutableDictionary", "NSDictionary", value.isMutable()));
+        return setClass(
+            mutableClassNames("NSMutableDictionary", "NSDictionary", value.isMutable()));
     }
     case ArchiveValue::Kind::Object: {
         const std::shared_ptr<KeyedCoding> object = value.toObject();

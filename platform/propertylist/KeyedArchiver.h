@@ -13,14 +13,14 @@
 
 namespace platform {
 
-// Writes the keyed archive format of macOS, a binary property list. An object is archived once however
-// often it is given; equal immutable strings, data and numbers are one object, too.
+// Writes the keyed archive format of macOS, a binary property list. An object is archived once
+// however often it is given; equal immutable strings, data and numbers are one object, too.
 class KeyedArchiver {
 public:
-    // The archive of one object under the key "root". Fails when objects nest more than 256 deep or a
-    // value has no place in a property list, such as an invalid date.
-    [[nodiscard]] static std::optional<QByteArray> archivedDataWithRootObject(const ArchiveValue& root,
-                                                                              Error* error = nullptr);
+    // The archive of one object under the key "root". Fails when objects nest more than 256 deep or
+    // a value has no place in a property list, such as an invalid date.
+    [[nodiscard]] static std::optional<QByteArray>
+    archivedDataWithRootObject(const ArchiveValue& root, Error* error = nullptr);
     [[nodiscard]] static std::optional<QByteArray>
     archivedDataWithRootObject(const std::shared_ptr<KeyedCoding>& root, Error* error = nullptr);
 

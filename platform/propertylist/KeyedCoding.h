@@ -15,7 +15,8 @@ public:
     KeyedCoding& operator=(const KeyedCoding&) = default;
     virtual ~KeyedCoding() = default;
 
-    // The class and its ancestors as the archive records them, such as {"QLNoteAttributes", "NSObject"}.
+    // The class and its ancestors as the archive records them, such as {"QLNoteAttributes",
+    // "NSObject"}.
     [[nodiscard]] virtual QStringList archivedClassNames() const = 0;
 
     // Gives the object's fields to the archiver, each under its key.

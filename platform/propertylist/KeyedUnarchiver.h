@@ -30,9 +30,10 @@ private:
 
 class KeyedUnarchiver;
 
-// How the objects of a program's own classes are made: from an unarchiver that answers for the keys of
-// the object in hand. A maker that returns none leaves null in the object's place.
-using ArchivedClasses = QHash<QString, std::function<std::shared_ptr<KeyedCoding>(KeyedUnarchiver&)>>;
+// How the objects of a program's own classes are made: from an unarchiver that answers for the keys
+// of the object in hand. A maker that returns none leaves null in the object's place.
+using ArchivedClasses =
+    QHash<QString, std::function<std::shared_ptr<KeyedCoding>(KeyedUnarchiver&)>>;
 
 // Reads the keyed archive format of macOS, binary or XML.
 //
@@ -41,8 +42,9 @@ using ArchivedClasses = QHash<QString, std::function<std::shared_ptr<KeyedCoding
 // dictionaries. An object of an unknown class becomes ArchiveValue::Kind::Unknown. A reference from
 // within an object to the object itself is null, so no cycle is ever built.
 //
-// Keys that are missing, and values of another type, decode to zero, empty and null. Objects that nest
-// more than 256 deep, or whose shared parts would unfold to more than eight million, are damage.
+// Keys that are missing, and values of another type, decode to zero, empty and null. Objects that
+// nest more than 256 deep, or whose shared parts would unfold to more than eight million, are
+// damage.
 class KeyedUnarchiver {
 public:
     // The object under "root". Throws InvalidArchive.
@@ -50,14 +52,15 @@ public:
                                                               const ArchivedClasses& classes = {});
     // The same, where damage is nothing out of the ordinary.
     [[nodiscard]] static std::optional<ArchiveValue>
-    unarchivedRootObject(QByteArrayView data, const ArchivedClasses& classes = {}, Error* error = nullptr);
+    unarchivedRootObject(QByteArrayView data, const ArchivedClasses& classes = {},
+                         Error* error = nullptr);
 
     // Throws InvalidArchive, as do the decode operations below where an object's record is damaged.
     explicit KeyedUnarchiver(QByteArrayView data, ArchivedClasses classes = {});
 
     [[nodiscard]] bool containsValueForKey(const QString& key) const;
     [[nodiscard]] ArchiveValue decodeObject(const QString& key);
-    template<typename Class>
+    template <typename Class>
     [[nodiscard]] std::shared_ptr<Class> decodeObjectAs(const QString& key)
     {
         return decodeObject(key).objectAs<Class>();
@@ -80,9 +83,11 @@ private:
         quint64 weight = 1;
     };
 
+    [[noreturn]] static void raise(const char* reason);
     ArchiveValue decodeUid(quint32 uid);
     ArchiveValue decodeRecord(const QVariantMap& record);
-    ArchiveValue decodeKnown(const QString& className, const QStringList& classNames, bool* isKnown);
+    ArchiveValue decodeKnown(const QString& className, const QStringList& classNames,
+                             bool* isKnown);
     ArchiveValue decodeUnknown(const QVariantMap& record, const QStringList& classNames);
     ArchiveValue decodeDictionary(ArchiveValue::Mutability mutability);
     QList<ArchiveValue> decodeReferences(const QString& key);

@@ -33,7 +33,8 @@ bool looksLikeXml(QStringView text)
 
 } // namespace
 
-std::optional<QByteArray> propertyListData(const QVariant& value, PropertyListFormat format, Error* error)
+std::optional<QByteArray> propertyListData(const QVariant& value, PropertyListFormat format,
+                                           Error* error)
 {
     if (format == PropertyListFormat::Binary)
         return BinaryPropertyListWriter().write(value, error);
@@ -48,15 +49,16 @@ std::optional<QVariant> propertyListFromData(QByteArrayView data, Error* error)
     constexpr qsizetype startLength = 512;
     const QByteArrayView start = data.first(std::min(data.size(), startLength));
     const auto marked = QStringConverter::encodingForData(start);
-    const QString startText = QStringDecoder(marked.value_or(QStringConverter::Latin1)).decode(start);
+    const QString startText =
+        QStringDecoder(marked.value_or(QStringConverter::Latin1)).decode(start);
     if (looksLikeXml(startText)) {
         const QByteArray bytes = QByteArray::fromRawData(data.data(), data.size());
         return XmlPropertyListReader(bytes).read(error);
     }
     const std::optional<QString> text = decodedText(data);
     if (!text) {
-        setError(error,
-                 propertyListError(PropertyListErrorCode::ReadCorrupt, "The property list is damaged."));
+        setError(error, propertyListError(PropertyListErrorCode::ReadCorrupt,
+                                          "The property list is damaged."));
         return std::nullopt;
     }
     return TextPropertyListReader(*text).read(error);
@@ -66,7 +68,8 @@ std::optional<QVariant> readPropertyList(const QString& path, Error* error)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        const auto code = file.exists() ? PropertyListErrorCode::FileRead : PropertyListErrorCode::NoSuchFile;
+        const auto code =
+            file.exists() ? PropertyListErrorCode::FileRead : PropertyListErrorCode::NoSuchFile;
         setError(error, propertyListError(code, file.errorString()));
         return std::nullopt;
     }
@@ -78,7 +81,8 @@ std::optional<QVariant> readPropertyList(const QString& path, Error* error)
     return propertyListFromData(data, error);
 }
 
-bool writePropertyList(const QString& path, const QVariant& value, PropertyListFormat format, Error* error)
+bool writePropertyList(const QString& path, const QVariant& value, PropertyListFormat format,
+                       Error* error)
 {
     const std::optional<QByteArray> data = propertyListData(value, format, error);
     if (!data)

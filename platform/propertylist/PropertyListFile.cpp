@@ -14,7 +14,8 @@ namespace {
 // A remote disk may tell only here that it is full. File systems that cannot do it say so.
 int reachTheDisk(int descriptor)
 {
-    const bool isDone = ::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
+    const bool isDone =
+        ::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
     return isDone ? 0 : errno;
 }
 
@@ -40,8 +41,8 @@ void PropertyListFile::write(QByteArrayView bytes)
 bool PropertyListFile::commit(Error* error)
 {
     QString reason;
-    // The commit alone takes a buffer that did not reach the disk for success, and ignores the sync. A write
-    // that failed earlier shows in the file's error.
+    // The commit alone takes a buffer that did not reach the disk for success, and ignores the
+    // sync. A write that failed earlier shows in the file's error.
     if (!m_file.isOpen() || m_file.error() != QFileDevice::NoError || !m_file.flush()) {
         reason = m_file.errorString();
     } else if (const int systemError = reachTheDisk(m_file.handle())) {

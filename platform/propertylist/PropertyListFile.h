@@ -22,8 +22,8 @@ public:
     // A failure shows at the commit.
     void write(QByteArrayView bytes);
 
-    // False with the system's reason when not every byte has reached the disk, or the file could not
-    // take its place.
+    // False with the system's reason when not every byte has reached the disk, or the file could
+    // not take its place.
     [[nodiscard]] bool commit(Error* error = nullptr);
 
 private:

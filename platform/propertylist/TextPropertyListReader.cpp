@@ -11,10 +11,10 @@ namespace {
 bool isWordUnit(QChar unit)
 {
     const char16_t code = unit.unicode();
-    const bool isAlphanumeric =
-        (code >= 'a' && code <= 'z') || (code >= 'A' && code <= 'Z') || (code >= '0' && code <= '9');
-    return isAlphanumeric || code == '_' || code == '$' || code == '/' || code == ':' || code == '.'
-           || code == '-';
+    const bool isAlphanumeric = (code >= 'a' && code <= 'z') || (code >= 'A' && code <= 'Z') ||
+                                (code >= '0' && code <= '9');
+    return isAlphanumeric || code == '_' || code == '$' || code == '/' || code == ':' ||
+           code == '.' || code == '-';
 }
 
 int digitValue(QChar unit)

@@ -34,8 +34,8 @@ std::optional<TypedStreamColor> plainColor(const std::vector<TypedStream::Value>
             continue;
         TypedStreamColor color{known.space, {}, {}, {}};
         for (std::size_t position = 1; position <= known.componentCount; ++position) {
-            if (values[position].kind != TypedStream::Value::Kind::Number
-                || !std::isfinite(values[position].number))
+            if (values[position].kind != TypedStream::Value::Kind::Number ||
+                !std::isfinite(values[position].number))
                 return std::nullopt;
             color.components.push_back(values[position].number);
         }
@@ -50,8 +50,8 @@ std::optional<TypedStream> TypedStream::fromData(QByteArrayView data, Error* err
 {
     std::optional<TypedStream> stream = TypedStreamReader(data).read();
     if (!stream)
-        setError(error,
-                 propertyListError(PropertyListErrorCode::UnarchivingCorrupt, "The archive is damaged."));
+        setError(error, propertyListError(PropertyListErrorCode::UnarchivingCorrupt,
+                                          "The archive is damaged."));
     return stream;
 }
 
@@ -69,7 +69,8 @@ QList<std::pair<QString, TypedStreamColor>> TypedStream::namedColors() const
     QList<std::pair<QString, TypedStreamColor>> colors;
     for (std::size_t position = 0; position + 1 < m_values.size(); ++position) {
         const std::optional<QString> name = textOf(m_values[position + 1]);
-        const std::optional<TypedStreamColor> color = name ? colorOf(m_values[position]) : std::nullopt;
+        const std::optional<TypedStreamColor> color =
+            name ? colorOf(m_values[position]) : std::nullopt;
         if (color)
             colors.append({*name, *color});
     }

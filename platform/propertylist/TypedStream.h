@@ -27,8 +27,8 @@ struct TypedStreamColor {
     QString colorName;
 };
 
-// The legacy, non-keyed archive of macOS, in either byte order, read as far as colours need it. Memory
-// and time are bounded by the size of the data.
+// The legacy, non-keyed archive of macOS, in either byte order, read as far as colours need it.
+// Memory and time are bounded by the size of the data.
 class TypedStream {
 public:
     struct Value {
@@ -48,7 +48,8 @@ public:
         std::vector<Value> values;
     };
 
-    [[nodiscard]] static std::optional<TypedStream> fromData(QByteArrayView data, Error* error = nullptr);
+    [[nodiscard]] static std::optional<TypedStream> fromData(QByteArrayView data,
+                                                             Error* error = nullptr);
 
     // In the order in which the stream begins them.
     [[nodiscard]] const std::vector<Object>& objects() const { return m_objects; }

@@ -8,8 +8,8 @@
 
 namespace platform {
 
-// The numbers and marks that a legacy archive is made of, one after another. Every operation gives none
-// where the data ends too early or holds something else.
+// The numbers and marks that a legacy archive is made of, one after another. Every operation gives
+// none where the data ends too early or holds something else.
 class TypedStreamBytes {
 public:
     // Something follows that was not there before; nothing stands here; an object ends.

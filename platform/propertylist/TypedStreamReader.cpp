@@ -51,7 +51,8 @@ bool TypedStreamReader::readStep()
     Frame& frame = m_frames.back();
     if (frame.next < frame.types.size())
         return readValue(frame);
-    const bool isAtEnd = frame.object ? m_bytes.takeMark(TypedStreamBytes::endMark) : m_bytes.isAtEnd();
+    const bool isAtEnd =
+        frame.object ? m_bytes.takeMark(TypedStreamBytes::endMark) : m_bytes.isAtEnd();
     if (!isAtEnd)
         return readGroupStart(frame);
     m_frames.pop_back();
@@ -237,7 +238,8 @@ std::optional<TypedStream::Value> TypedStreamReader::readScalar(char type)
     if (!QByteArrayView("sSiIlLqQ").contains(type))
         return std::nullopt;
     const std::optional<qint64> integer = m_bytes.readInteger();
-    return integer ? std::optional(TypedStream::Value{Kind::Number, double(*integer), {}, 0}) : std::nullopt;
+    return integer ? std::optional(TypedStream::Value{Kind::Number, double(*integer), {}, 0})
+                   : std::nullopt;
 }
 
 std::optional<QByteArray> TypedStreamReader::readSharedString()

@@ -14,10 +14,10 @@ namespace platform {
 
 // Reads a legacy archive.
 //
-// After a header come groups: a string of type letters, as the Objective-C compiler encodes types, and
-// a value for each letter. Objects nest; each holds groups up to an end mark. Strings of letters and
-// class names are written once and then referred to by number, and so are, in a second table, objects
-// and classes.
+// After a header come groups: a string of type letters, as the Objective-C compiler encodes types,
+// and a value for each letter. Objects nest; each holds groups up to an end mark. Strings of
+// letters and class names are written once and then referred to by number, and so are, in a second
+// table, objects and classes.
 class TypedStreamReader {
 public:
     explicit TypedStreamReader(QByteArrayView data);

@@ -40,8 +40,8 @@ std::optional<QVariant> realFromText(const QString& text)
     constexpr double infinity = std::numeric_limits<double>::infinity();
     if (name == QLatin1String("nan"))
         return QVariant(std::numeric_limits<double>::quiet_NaN());
-    if (name == QLatin1String("inf") || name == QLatin1String("infinity")
-        || name == QLatin1String("+infinity"))
+    if (name == QLatin1String("inf") || name == QLatin1String("infinity") ||
+        name == QLatin1String("+infinity"))
         return QVariant(infinity);
     if (name == QLatin1String("-inf") || name == QLatin1String("-infinity"))
         return QVariant(-infinity);
@@ -65,7 +65,8 @@ std::optional<QVariant> dataFromText(const QString& text)
         return byte == ' ' || byte == '\n' || byte == '\r' || byte == '\t';
     };
     encoded.erase(std::remove_if(encoded.begin(), encoded.end(), isBlank), encoded.end());
-    const auto decoded = QByteArray::fromBase64Encoding(encoded, QByteArray::AbortOnBase64DecodingErrors);
+    const auto decoded =
+        QByteArray::fromBase64Encoding(encoded, QByteArray::AbortOnBase64DecodingErrors);
     return decoded ? std::optional(QVariant(*decoded)) : std::nullopt;
 }
 
@@ -75,8 +76,8 @@ std::optional<QVariant> uidFromDictionary(const QVariantMap& dictionary)
     if (dictionary.size() != 1 || dictionary.firstKey() != QLatin1String("CF$UID"))
         return std::nullopt;
     const QVariant& uid = dictionary.first();
-    if (uid.typeId() != QMetaType::LongLong || uid.toLongLong() < 0
-        || uid.toLongLong() > std::numeric_limits<quint32>::max())
+    if (uid.typeId() != QMetaType::LongLong || uid.toLongLong() < 0 ||
+        uid.toLongLong() > std::numeric_limits<quint32>::max())
         return std::nullopt;
     return QVariant::fromValue(PropertyListUid{quint32(uid.toLongLong())});
 }
@@ -93,7 +94,8 @@ std::optional<QVariant> XmlPropertyListReader::read(Error* error)
     if (readRoot() && m_hasRoot)
         return m_root;
     if (m_reason.isEmpty())
-        m_reason = m_reader.hasError() ? m_reader.errorString() : QStringLiteral("There is no value.");
+        m_reason =
+            m_reader.hasError() ? m_reader.errorString() : QStringLiteral("There is no value.");
     const QString place = QString::number(m_reader.lineNumber());
     setError(error, propertyListError(PropertyListErrorCode::ReadCorrupt,
                                       QStringLiteral("%1 (line %2)").arg(m_reason, place)));

@@ -12,8 +12,8 @@
 
 namespace platform {
 
-// Reads the XML form. A document that declares entities of its own is refused: no writer of property
-// lists needs them, and they can unfold without end.
+// Reads the XML form. A document that declares entities of its own is refused: no writer of
+// property lists needs them, and they can unfold without end.
 class XmlPropertyListReader {
 public:
     // The bytes must outlive the reader.

@@ -9,6 +9,9 @@ XmlPropertyListStream::XmlPropertyListStream(const QString& path)
 {
 }
 
-bool XmlPropertyListStream::commit(Error* error) { return m_writer.finish(error) && m_file.commit(error); }
+bool XmlPropertyListStream::commit(Error* error)
+{
+    return m_writer.finish(error) && m_file.commit(error);
+}
 
 } // namespace platform

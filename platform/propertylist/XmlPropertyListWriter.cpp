@@ -46,6 +46,12 @@ QString base64Text(const QByteArray& data)
 
 } // namespace
 
+bool xmlPropertyListHoldsDate(const QDateTime& date)
+{
+    const int year = date.toUTC().date().year();
+    return date.isValid() && year >= 1 && year <= 9999;
+}
+
 XmlPropertyListWriter::XmlPropertyListWriter(QIODevice& device)
     : m_writer(&device)
 {
@@ -64,13 +70,25 @@ std::optional<QByteArray> XmlPropertyListWriter::data(const QVariant& root, Erro
     return writer.finish(error) ? std::optional(buffer.data()) : std::nullopt;
 }
 
-void XmlPropertyListWriter::beginDictionary() { begin(Container::Dictionary); }
+void XmlPropertyListWriter::beginDictionary()
+{
+    begin(Container::Dictionary);
+}
 
-void XmlPropertyListWriter::endDictionary() { end(Container::Dictionary); }
+void XmlPropertyListWriter::endDictionary()
+{
+    end(Container::Dictionary);
+}
 
-void XmlPropertyListWriter::beginArray() { begin(Container::Array); }
+void XmlPropertyListWriter::beginArray()
+{
+    begin(Container::Array);
+}
 
-void XmlPropertyListWriter::endArray() { end(Container::Array); }
+void XmlPropertyListWriter::endArray()
+{
+    end(Container::Array);
+}
 
 void XmlPropertyListWriter::begin(Container container)
 {
@@ -142,7 +160,8 @@ void XmlPropertyListWriter::writeValue(const QVariant& value)
         const std::optional<QVariant> canonical = canonicalPropertyListValue(one);
         if (!canonical) {
             fail("A value has no place in a property list.");
-        } else if (canonical->typeId() == QMetaType::QVariantList || canonical->typeId() == QMetaType::QVariantMap) {
+        } else if (canonical->typeId() == QMetaType::QVariantList ||
+                   canonical->typeId() == QMetaType::QVariantMap) {
             if (std::optional<Frame> frame = openFrame(*canonical))
                 frames.push_back(std::move(*frame));
         } else if (takePlaceForValue()) {
@@ -165,7 +184,8 @@ void XmlPropertyListWriter::writeValue(const QVariant& value)
     }
 }
 
-std::optional<XmlPropertyListWriter::Frame> XmlPropertyListWriter::openFrame(const QVariant& container)
+std::optional<XmlPropertyListWriter::Frame>
+XmlPropertyListWriter::openFrame(const QVariant& container)
 {
     Frame frame;
     if (container.typeId() == QMetaType::QVariantMap) {
@@ -184,7 +204,10 @@ std::optional<XmlPropertyListWriter::Frame> XmlPropertyListWriter::openFrame(con
     return hasFailed() ? std::nullopt : std::optional(frame);
 }
 
-bool XmlPropertyListWriter::hasFailed() const { return m_error || m_writer.hasError(); }
+bool XmlPropertyListWriter::hasFailed() const
+{
+    return m_error || m_writer.hasError();
+}
 
 bool XmlPropertyListWriter::finish(Error* error)
 {
@@ -209,7 +232,8 @@ void XmlPropertyListWriter::writeScalar(const QVariant& value)
         writeText(QStringLiteral("data"), base64Text(value.toByteArray()));
         return;
     case QMetaType::Bool:
-        m_writer.writeEmptyElement(value.toBool() ? QStringLiteral("true") : QStringLiteral("false"));
+        m_writer.writeEmptyElement(value.toBool() ? QStringLiteral("true")
+                                                  : QStringLiteral("false"));
         return;
     case QMetaType::LongLong:
         writeText(QStringLiteral("integer"), QString::number(value.toLongLong()));
@@ -231,13 +255,12 @@ void XmlPropertyListWriter::writeScalar(const QVariant& value)
 
 void XmlPropertyListWriter::writeDate(const QDateTime& date)
 {
-    const QDateTime utc = date.toUTC();
-    const int year = utc.date().year();
-    if (year < 1 || year > 9999) {
+    if (!xmlPropertyListHoldsDate(date)) {
         fail("A date is too far off for an XML property list.");
         return;
     }
-    writeText(QStringLiteral("date"), utc.toString(QStringLiteral("yyyy-MM-dd'T'HH:mm:ss'Z'")));
+    writeText(QStringLiteral("date"),
+              date.toUTC().toString(QStringLiteral("yyyy-MM-dd'T'HH:mm:ss'Z'")));
 }
 
 // XML has no element for references; this dictionary is what readers of archives look for.

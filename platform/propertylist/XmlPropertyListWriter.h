@@ -12,11 +12,12 @@
 
 namespace platform {
 
-// Writes the XML form, one element a line, indented by tabs, and holds nothing of what it has written.
+// Writes the XML form, one element a line, indented by tabs, and holds nothing of what it has
+// written.
 //
-// The first failure lasts: what is written after it goes nowhere, and finish() tells it. Elements out of
-// order are such a failure: a value without a key in a dictionary, a key elsewhere, an end of what is not
-// open, a second root.
+// The first failure lasts: what is written after it goes nowhere, and finish() tells it. Elements
+// out of order are such a failure: a value without a key in a dictionary, a key elsewhere, an end
+// of what is not open, a second root.
 class XmlPropertyListWriter {
 public:
     // The device must outlive the writer. One that is not open for writing is the first failure.
@@ -26,7 +27,8 @@ public:
     void endDictionary();
     void beginArray();
     void endArray();
-    // The keys of a dictionary must differ, also after the repair of texts, and are not compared here.
+    // The keys of a dictionary must differ, also after the repair of texts, and are not compared
+    // here.
     void writeKey(const QString& key);
     // A value of any kind that property lists have, with everything in it.
     void writeValue(const QVariant& value);

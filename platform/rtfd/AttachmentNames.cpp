@@ -43,7 +43,10 @@ QString joined(const QString& stem, const QString& end)
     while (units < stem.size()) {
         const QChar unit = stem.at(units);
         const bool isPair = unit.isHighSurrogate();
-        const qsizetype bytes = isPair ? 4 : unit.unicode() < 0x80 ? 1 : unit.unicode() < 0x800 ? 2 : 3;
+        const qsizetype bytes = isPair                   ? 4
+                                : unit.unicode() < 0x80  ? 1
+                                : unit.unicode() < 0x800 ? 2
+                                                         : 3;
         if (bytes > room)
             break;
         room -= bytes;
@@ -77,8 +80,8 @@ QString AttachmentNames::safeName(const QString& preferredName)
     name.reserve(trimmedName.size());
     for (qsizetype index = 0; index < trimmedName.size(); ++index) {
         const QChar unit = trimmedName.at(index);
-        const bool isPair = unit.isHighSurrogate() && index + 1 < trimmedName.size()
-                            && trimmedName.at(index + 1).isLowSurrogate();
+        const bool isPair = unit.isHighSurrogate() && index + 1 < trimmedName.size() &&
+                            trimmedName.at(index + 1).isLowSurrogate();
         if (isPair) {
             name += unit;
             name += trimmedName.at(++index);

@@ -9,8 +9,8 @@
 
 namespace platform {
 
-// What rich text says about the document as a whole. Lengths in points. An absent or empty value is not
-// written, and was not in the file that was read.
+// What rich text says about the document as a whole. Lengths in points. An absent or empty value is
+// not written, and was not in the file that was read.
 struct DocumentAttributes {
     // The paper's colour, behind all text.
     std::optional<Color> backgroundColor;

@@ -11,8 +11,8 @@
 
 namespace platform {
 
-// Reads a whole document, a token at a time. Groups of the header are read by functions of their own; what is
-// in force within the others is kept on a stack.
+// Reads a whole document, a token at a time. Groups of the header are read by functions of their
+// own; what is in force within the others is kept on a stack.
 class RtfBodyReader {
 public:
     RtfBodyReader(QByteArrayView rtf, const RtfAttachmentMaker& attachmentFor);
@@ -78,7 +78,8 @@ private:
     qint64 m_flattenedGroups = 0; // open beyond the depth that is kept
     bool m_isOver = false;
 
-    // Holding the format keeps it from being changed in place: while it is in force, so is the style.
+    // Holding the format keeps it from being changed in place: while it is in force, so is the
+    // style.
     std::shared_ptr<RtfReadParagraph> m_styledParagraph;
     std::shared_ptr<const ParagraphStyle> m_style;
 
@@ -88,8 +89,9 @@ private:
     int m_codePageFont = -1; // the font whose code page that is
     qsizetype m_toSkip = 0;  // substitutes of the last \u
     int m_defaultFont = -1;
-    bool m_isBare = false;              // nothing but table words since \pard
-    std::size_t m_placeholderDepth = 0; // the group in which an attachment's placeholder is due, or 0
+    bool m_isBare = false; // nothing but table words since \pard
+    std::size_t m_placeholderDepth =
+        0; // the group in which an attachment's placeholder is due, or 0
     std::shared_ptr<const TextList> m_olderList;
 };
 

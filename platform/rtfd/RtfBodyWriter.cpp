@@ -13,8 +13,8 @@ namespace {
 // A list's marker between its two tabs is no longer than this.
 constexpr qsizetype longestMarker = 64;
 
-// The length of the marker with which a list's item begins: a tab, the marker, a tab; 0 when the text begins
-// otherwise, as the further paragraphs of an item do.
+// The length of the marker with which a list's item begins: a tab, the marker, a tab; 0 when the
+// text begins otherwise, as the further paragraphs of an item do.
 qsizetype markerLength(QStringView paragraph)
 {
     if (paragraph.isEmpty() || paragraph.front() != u'\t')
@@ -35,9 +35,8 @@ bool isOfAttachments(QStringView text)
 
 bool hasList(const ParagraphStyle* style)
 {
-    return style && std::any_of(style->textLists.begin(), style->textLists.end(), [](const auto& list) {
-               return list != nullptr;
-           });
+    return style && std::any_of(style->textLists.begin(), style->textLists.end(),
+                                [](const auto& list) { return list != nullptr; });
 }
 
 } // namespace
@@ -72,9 +71,7 @@ void RtfBodyWriter::write()
         case RtfTablePlan::Kind::CloseRow: {
             // The line that the cell's end began belongs to no paragraph.
             m_out.chop(1);
-            if (plan.rows[step.index].isLast)
-                m_out.append("\\lastrow");
-            m_out.append(step.level > 1 ? "\\nestrow\n" : "\\row\n");
+            appendRowEnd(m_out, plan.rows[step.index], m_colors);
             m_paragraphFormat.clear();
             break;
         }
@@ -110,7 +107,8 @@ void RtfBodyWriter::writeParagraphFormat(const ParagraphStyle* style, int level)
         style = &standardStyle;
     if (!m_paragraphFormat.isEmpty() && style == m_style && level == m_level)
         return;
-    QByteArray format;
+    RtfOutput& format = m_nextFormat;
+    format.clear();
     appendParagraphFormat(format, *style, level);
     if (hasList(style)) {
         const RtfListTable::Reference reference = m_lists.referenceTo(style->textLists);
@@ -119,10 +117,10 @@ void RtfBodyWriter::writeParagraphFormat(const ParagraphStyle* style, int level)
     }
     m_style = style;
     m_level = level;
-    if (format == m_paragraphFormat)
+    if (format.view() == m_paragraphFormat.view())
         return;
-    m_paragraphFormat = format;
-    m_out.append(format);
+    m_out.append(format.view());
+    std::swap(m_paragraphFormat, m_nextFormat);
     m_colorWord = RtfColorWord::Always;
 }
 
@@ -249,7 +247,8 @@ void RtfBodyWriter::writeAttachment(const TextAttachment& attachment)
         return;
     m_out.append("{{\\NeXTGraphic ");
     appendRtfFileName(m_out, m_nameOf(attachment));
-    // Both sizes are due even when they are 0: there are readers that drop an attachment without them.
+    // Both sizes are due even when they are 0: there are readers that drop an attachment without
+    // them.
     appendControl(m_out, " \\width", twipsFromPoints(attachment.size().width));
     appendControl(m_out, " \\height", twipsFromPoints(attachment.size().height));
     // The byte holds the attachment's place in the text.

@@ -4,10 +4,10 @@
 #include "platform/attributedtext/AttributedString.h"
 #include "platform/rtfd/RtfCharacterFormat.h"
 #include "platform/rtfd/RtfListTable.h"
+#include "platform/rtfd/RtfOutput.h"
 #include "platform/rtfd/RtfTablePlan.h"
 #include "platform/rtfd/RtfWriter.h"
 
-#include <QByteArray>
 #include <QHash>
 
 namespace platform {
@@ -20,7 +20,7 @@ public:
 
     void write();
 
-    [[nodiscard]] const QByteArray& body() const { return m_out; }
+    [[nodiscard]] QByteArrayView body() const { return m_out.view(); }
     [[nodiscard]] const RtfFontTable& fonts() const { return m_fonts; }
     [[nodiscard]] const RtfColorTable& colors() const { return m_colors; }
     [[nodiscard]] const RtfListTable& lists() const { return m_lists; }
@@ -44,7 +44,7 @@ private:
 
     const AttributedString& m_text;
     RtfAttachmentNamer m_nameOf;
-    QByteArray m_out;
+    RtfOutput m_out;
     RtfFontTable m_fonts;
     RtfColorTable m_colors;
     RtfListTable m_lists;
@@ -66,7 +66,8 @@ private:
     QString m_link;
     bool m_isInMarker = false;
 
-    QByteArray m_paragraphFormat;            // in force
+    RtfOutput m_paragraphFormat; // in force
+    RtfOutput m_nextFormat;      // while it is made
     const ParagraphStyle* m_style = nullptr; // whose format that is
     int m_level = -1;
 };

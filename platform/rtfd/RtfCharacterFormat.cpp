@@ -14,7 +14,7 @@ qint64 rounded(double value)
     return std::isnan(value) ? 0 : std::llround(std::clamp(value, -1e7, 1e7));
 }
 
-void appendFont(QByteArray& out, const RtfCharacterFormat& from, const RtfCharacterFormat& to)
+void appendFont(RtfOutput& out, const RtfCharacterFormat& from, const RtfCharacterFormat& to)
 {
     const bool sizeChanges = from.sizeInThousandths != to.sizeInThousandths;
     if (from.font == to.font && from.bold == to.bold && from.italic == to.italic && !sizeChanges)
@@ -35,7 +35,7 @@ void appendFont(QByteArray& out, const RtfCharacterFormat& from, const RtfCharac
     out.append(' ');
 }
 
-void appendKern(QByteArray& out, qint64 twips)
+void appendKern(RtfOutput& out, qint64 twips)
 {
     if (twips == 0) {
         out.append("\\kerning1\\expnd0\\expndtw0 ");
@@ -46,7 +46,7 @@ void appendKern(QByteArray& out, qint64 twips)
     out.append('\n');
 }
 
-void appendRaising(QByteArray& out, const RtfCharacterFormat& from, const RtfCharacterFormat& to)
+void appendRaising(RtfOutput& out, const RtfCharacterFormat& from, const RtfCharacterFormat& to)
 {
     if (from.offsetInHalfPoints != to.offsetInHalfPoints) {
         const bool isLowered = to.offsetInHalfPoints < 0;
@@ -65,7 +65,7 @@ void appendRaising(QByteArray& out, const RtfCharacterFormat& from, const RtfCha
     out.append(' ');
 }
 
-void appendUnderline(QByteArray& out, const RtfCharacterFormat& from, const RtfCharacterFormat& to)
+void appendUnderline(RtfOutput& out, const RtfCharacterFormat& from, const RtfCharacterFormat& to)
 {
     if (from.underline != to.underline) {
         switch (to.underline) {
@@ -89,7 +89,8 @@ void appendUnderline(QByteArray& out, const RtfCharacterFormat& from, const RtfC
     }
 }
 
-void appendStrikethrough(QByteArray& out, const RtfCharacterFormat& from, const RtfCharacterFormat& to)
+void appendStrikethrough(RtfOutput& out, const RtfCharacterFormat& from,
+                         const RtfCharacterFormat& to)
 {
     const bool styleChanges = from.strikethrough != to.strikethrough;
     if (styleChanges && from.strikethrough != LineStyle::None)
@@ -111,7 +112,8 @@ void appendStrikethrough(QByteArray& out, const RtfCharacterFormat& from, const 
 
 } // namespace
 
-RtfCharacterFormat characterFormat(const TextAttributes& attributes, RtfFontTable& fonts, RtfColorTable& colors)
+RtfCharacterFormat characterFormat(const TextAttributes& attributes, RtfFontTable& fonts,
+                                   RtfColorTable& colors)
 {
     static const Font standardFont = Font::userFont(12);
     const Font& font = attributes.font ? *attributes.font : standardFont;
@@ -132,8 +134,8 @@ RtfCharacterFormat characterFormat(const TextAttributes& attributes, RtfFontTabl
     return format;
 }
 
-void appendFormatChange(QByteArray& out, const RtfCharacterFormat& from, const RtfCharacterFormat& to,
-                        RtfColorWord colorWord)
+void appendFormatChange(RtfOutput& out, const RtfCharacterFormat& from,
+                        const RtfCharacterFormat& to, RtfColorWord colorWord)
 {
     appendFont(out, from, to);
     if (colorWord == RtfColorWord::Always || from.foreground != to.foreground) {

@@ -4,8 +4,8 @@
 #include "platform/attributedtext/TextAttributes.h"
 #include "platform/rtfd/RtfColorTable.h"
 #include "platform/rtfd/RtfFontTable.h"
+#include "platform/rtfd/RtfOutput.h"
 
-#include <QByteArray>
 
 namespace platform {
 
@@ -29,12 +29,12 @@ struct RtfCharacterFormat {
 };
 
 // Text without a font is in the platform's own, Helvetica 12.
-[[nodiscard]] RtfCharacterFormat characterFormat(const TextAttributes& attributes, RtfFontTable& fonts,
-                                                 RtfColorTable& colors);
+[[nodiscard]] RtfCharacterFormat characterFormat(const TextAttributes& attributes,
+                                                 RtfFontTable& fonts, RtfColorTable& colors);
 
 enum class RtfColorWord { WhereChanged, Always };
 // What leads from one format to the other, in the order in which Cocoa writes it.
-void appendFormatChange(QByteArray& out, const RtfCharacterFormat& from, const RtfCharacterFormat& to,
-                        RtfColorWord colorWord);
+void appendFormatChange(RtfOutput& out, const RtfCharacterFormat& from,
+                        const RtfCharacterFormat& to, RtfColorWord colorWord);
 
 } // namespace platform

@@ -101,7 +101,8 @@ public:
         : m_isSymbol(codePage == rtfSymbolCodePage)
     {
         UErrorCode status = U_ZERO_ERROR;
-        m_converter = ucnv_open(converterName(m_isSymbol ? rtfWindowsCodePage : codePage).constData(), &status);
+        m_converter = ucnv_open(
+            converterName(m_isSymbol ? rtfWindowsCodePage : codePage).constData(), &status);
         if (U_FAILURE(status)) {
             status = U_ZERO_ERROR;
             m_converter = ucnv_open("windows-1252", &status);
@@ -111,8 +112,8 @@ public:
             const char source = static_cast<char>(byte);
             QString character;
             convert(character, QByteArrayView(&source, 1));
-            m_table[static_cast<std::size_t>(byte)] = character.isEmpty() ? u'\uFFFD'
-                                                                          : character.at(0).unicode();
+            m_table[static_cast<std::size_t>(byte)] =
+                character.isEmpty() ? u'\uFFFD' : character.at(0).unicode();
         }
         if (m_isSymbol) {
             m_table[0xB7] = u'\u2022';
@@ -127,17 +128,17 @@ public:
     Decoder(const Decoder&) = delete;
     Decoder& operator=(const Decoder&) = delete;
 
-    // False, with nothing appended, for a stray byte that begins no character: there are writers that name a
-    // double-byte font for text that is none.
+    // False, with nothing appended, for a stray byte that begins no character: there are writers
+    // that name a double-byte font for text that is none.
     bool append(QString& text, QByteArrayView bytes)
     {
         if (!m_hasTable) {
             const qsizetype start = text.size();
             convert(text, bytes);
             constexpr QChar substituteControl(u'\u001A');
-            const bool isStray = bytes.size() <= 2 && text.size() == start + 1
-                                 && (text.back() == substituteControl
-                                     || text.back() == QChar::ReplacementCharacter);
+            const bool isStray =
+                bytes.size() <= 2 && text.size() == start + 1 &&
+                (text.back() == substituteControl || text.back() == QChar::ReplacementCharacter);
             if (isStray)
                 text.truncate(start);
             return !isStray;
@@ -164,8 +165,8 @@ private:
         for (UErrorCode status = U_BUFFER_OVERFLOW_ERROR; status == U_BUFFER_OVERFLOW_ERROR;) {
             status = U_ZERO_ERROR;
             UChar* target = buffer.data();
-            ucnv_toUnicode(m_converter, &target, buffer.data() + buffer.size(), &source, end, nullptr, true,
-                           &status);
+            ucnv_toUnicode(m_converter, &target, buffer.data() + buffer.size(), &source, end,
+                           nullptr, true, &status);
             text.append(reinterpret_cast<const QChar*>(buffer.data()), target - buffer.data());
         }
     }

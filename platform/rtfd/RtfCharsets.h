@@ -18,7 +18,8 @@ constexpr int rtfMacCodePage = 10000;
 // Symbol fonts: the bytes are glyphs, of which the bullets have characters.
 constexpr int rtfSymbolCodePage = 42;
 
-// Turns bytes of the code pages that rich text names into text. A code page that is not known is read as 1252.
+// Turns bytes of the code pages that rich text names into text. A code page that is not known is
+// read as 1252.
 class RtfDecoders {
 public:
     RtfDecoders();

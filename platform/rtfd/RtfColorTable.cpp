@@ -26,7 +26,7 @@ int byteFrom(int component)
     return static_cast<int>(std::lround(component * 255.0 / wholeComponent));
 }
 
-void breakLine(QByteArray& out, qsizetype index)
+void breakLine(RtfOutput& out, qsizetype index)
 {
     if ((index + firstIndex) % entriesPerLine == entriesPerLine - 1)
         out.append('\n');
@@ -54,7 +54,7 @@ int RtfColorTable::indexOf(const Color& color)
     return indexes.constLast() + firstIndex;
 }
 
-void RtfColorTable::write(QByteArray& out) const
+void RtfColorTable::write(RtfOutput& out) const
 {
     out.append("{\\colortbl;\\red255\\green255\\blue255;");
     for (qsizetype index = 0; index < m_colors.size(); ++index) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "platform/rtfd/RtfGroupTokens.h"
 #include "platform/rtfd/RtfReadTables.h"
 
 #include <cmath>
@@ -50,20 +51,18 @@ struct ExactEntry {
 template <typename Word, typename Finish>
 void readEntries(RtfTokenizer& tokens, const Word& word, const Finish& finish)
 {
-    for (;;) {
-        const RtfToken token = tokens.next();
-        switch (token.kind) {
-        case RtfToken::Kind::End:
-        case RtfToken::Kind::GroupClose:
-            return;
+    RtfGroupTokens group(tokens);
+    while (const RtfToken* token = group.next()) {
+        switch (token->kind) {
         case RtfToken::Kind::GroupOpen:
-            tokens.skipGroup();
+            group.skipInnermost();
             break;
         case RtfToken::Kind::Word:
-            word(token);
+            word(*token);
             break;
         case RtfToken::Kind::Text:
-            for (qsizetype count = std::count(token.bytes.begin(), token.bytes.end(), ';'); count > 0; --count)
+            for (auto count = std::count(token->bytes.begin(), token->bytes.end(), ';'); count > 0;
+                 --count)
                 finish();
             break;
         default:
@@ -89,7 +88,8 @@ void RtfReadColors::readTable(RtfTokenizer& tokens)
         hasBytes = true;
     };
     const auto finish = [&] {
-        m_colors.append(hasBytes ? std::optional(Color::fromRgb8(bytes[0], bytes[1], bytes[2])) : std::nullopt);
+        m_colors.append(hasBytes ? std::optional(Color::fromRgb8(bytes[0], bytes[1], bytes[2]))
+                                 : std::nullopt);
         bytes = {};
         hasBytes = false;
     };

@@ -7,12 +7,14 @@
 
 namespace platform {
 
-void appendControl(QByteArray& out, QByteArrayView word, qint64 value)
+void appendControl(RtfOutput& out, QByteArrayView word, qint64 value)
 {
-    std::array<char, 24> digits{};
-    const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-    out.append(word);
-    out.append(digits.data(), end - digits.data());
+    constexpr qsizetype mostDigits = 24;
+    char* const start = out.extend(word.size() + mostDigits);
+    std::memcpy(start, word.data(), static_cast<std::size_t>(word.size()));
+    char* const digits = start + word.size();
+    const char* const end = std::to_chars(digits, digits + mostDigits, value).ptr;
+    out.chop(mostDigits - (end - digits));
 }
 
 qint64 twipsFromPoints(double points)

@@ -10,27 +10,33 @@ namespace platform {
 
 namespace {
 
-// The writer of macOS 12. Readers take its forms for those of this file: sizes of attachments, white as
-// the background's end, natural direction only where it is told.
+// The writer of macOS 12. Readers take its forms for those of this file: sizes of attachments,
+// white as the background's end, natural direction only where it is told.
 constexpr int cocoaWriterVersion = 2639;
 
 int byteFrom(double component)
 {
-    return std::isnan(component) ? 0 : static_cast<int>(std::lround(std::clamp(component, 0.0, 1.0) * 255));
+    return std::isnan(component)
+               ? 0
+               : static_cast<int>(std::lround(std::clamp(component, 0.0, 1.0) * 255));
 }
 
-void appendBackground(QByteArray& out, const Color& color)
+void appendBackground(RtfOutput& out, const Color& color)
 {
     out.append(
-        "{\\*\\background {\\shp{\\*\\shpinst\\shpleft0\\shptop0\\shpright0\\shpbottom0\\shpfhdr0\\shpbxmargin"
-        "\\shpbymargin\\shpwr0\\shpwrk0\\shpfblwtxt1\\shpz0\\shplid1025{\\sp{\\sn shapeType}{\\sv 1}}"
+        "{\\*\\background "
+        "{\\shp{\\*\\shpinst\\shpleft0\\shptop0\\shpright0\\shpbottom0\\shpfhdr0\\shpbxmargin"
+        "\\shpbymargin\\shpwr0\\shpwrk0\\shpfblwtxt1\\shpz0\\shplid1025{\\sp{\\sn shapeType}{\\sv "
+        "1}}"
         "{\\sp{\\sn fFlipH}{\\sv 0}}{\\sp{\\sn fFlipV}{\\sv 0}}{\\sp{\\sn fillColor}{\\sv ");
-    appendControl(out, "", byteFrom(color.blue) * 65536 + byteFrom(color.green) * 256 + byteFrom(color.red));
-    out.append("}}{\\sp{\\sn fFilled}{\\sv 1}}{\\sp{\\sn lineWidth}{\\sv 0}}{\\sp{\\sn fLine}{\\sv 0}}"
-               "{\\sp{\\sn bWMode}{\\sv 9}}{\\sp{\\sn fBackground}{\\sv 1}}}}}\n");
+    appendControl(out, "",
+                  byteFrom(color.blue) * 65536 + byteFrom(color.green) * 256 + byteFrom(color.red));
+    out.append(
+        "}}{\\sp{\\sn fFilled}{\\sv 1}}{\\sp{\\sn lineWidth}{\\sv 0}}{\\sp{\\sn fLine}{\\sv 0}}"
+        "{\\sp{\\sn bWMode}{\\sv 9}}{\\sp{\\sn fBackground}{\\sv 1}}}}}\n");
 }
 
-void appendInformation(QByteArray& out, const DocumentAttributes& attributes)
+void appendInformation(RtfOutput& out, const DocumentAttributes& attributes)
 {
     const std::pair<const char*, const QString&> entries[] = {
         {"{\\title ", attributes.title},
@@ -47,20 +53,20 @@ void appendInformation(QByteArray& out, const DocumentAttributes& attributes)
             continue;
         out.append(isOpen ? "\n" : "{\\info\n").append(word);
         isOpen = true;
-        appendRtfText(out, value);
+        appendRtfName(out, value);
         out.append('}');
     }
     if (isOpen)
         out.append('}');
 }
 
-void appendLength(QByteArray& out, const char* word, const std::optional<double>& points)
+void appendLength(RtfOutput& out, const char* word, const std::optional<double>& points)
 {
     if (points)
         appendControl(out, word, twipsFromPoints(*points));
 }
 
-void appendLayout(QByteArray& out, const DocumentAttributes& attributes)
+void appendLayout(RtfOutput& out, const DocumentAttributes& attributes)
 {
     const qsizetype start = out.size();
     appendInformation(out, attributes);
@@ -91,10 +97,10 @@ void appendLayout(QByteArray& out, const DocumentAttributes& attributes)
 
 } // namespace
 
-QByteArray rtfHeader(const RtfFontTable& fonts, const RtfColorTable& colors, const RtfListTable& lists,
-                     const DocumentAttributes& attributes)
+RtfOutput rtfHeader(const RtfFontTable& fonts, const RtfColorTable& colors,
+                     const RtfListTable& lists, const DocumentAttributes& attributes)
 {
-    QByteArray header;
+    RtfOutput header;
     appendControl(header, "{\\rtf1\\ansi\\ansicpg1252\\cocoartf", cocoaWriterVersion);
     header.append("\n\\cocoatextscaling0\\cocoaplatform0");
     fonts.write(header);

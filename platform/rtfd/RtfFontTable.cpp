@@ -8,8 +8,8 @@ namespace platform {
 
 namespace {
 
-// The family classes that Cocoa gives; it calls all other fonts \fnil. A reader that lacks the font picks
-// another of its class, so fixed pitch is always told.
+// The family classes that Cocoa gives; it calls all other fonts \fnil. A reader that lacks the font
+// picks another of its class, so fixed pitch is always told.
 const char* familyClass(const QString& family, bool monospaced)
 {
     if (monospaced)
@@ -28,8 +28,9 @@ constexpr qsizetype entriesPerLine = 3;
 
 int RtfFontTable::indexOf(const Font& font)
 {
-    const bool isLast = m_lastIndex >= 0 && font.bold == m_lastFace.bold && font.italic == m_lastFace.italic
-                        && font.monospaced == m_lastFace.monospaced && font.family == m_lastFace.family;
+    const bool isLast =
+        m_lastIndex >= 0 && font.bold == m_lastFace.bold && font.italic == m_lastFace.italic &&
+        font.monospaced == m_lastFace.monospaced && font.family == m_lastFace.family;
     if (isLast)
         return m_lastIndex;
     const Face face{font.family, font.bold, font.italic, font.monospaced};
@@ -37,11 +38,12 @@ int RtfFontTable::indexOf(const Font& font)
     if (const auto known = m_indexByFace.constFind(face); known != m_indexByFace.cend())
         return m_lastIndex = *known;
 
-    QByteArray entry = familyClass(font.family, font.monospaced);
-    entry += "\\fcharset0 ";
+    RtfOutput written;
+    written.append(familyClass(font.family, font.monospaced)).append("\\fcharset0 ");
     QString name = font.fontName();
     name.remove(u';'); // ends the entry
-    appendRtfText(entry, name);
+    appendRtfName(written, name);
+    const QByteArray entry = written.view().toByteArray();
     auto known = m_indexByEntry.constFind(entry);
     if (known == m_indexByEntry.cend()) {
         known = m_indexByEntry.insert(entry, static_cast<int>(m_entries.size()));
@@ -51,7 +53,7 @@ int RtfFontTable::indexOf(const Font& font)
     return m_lastIndex = *known;
 }
 
-void RtfFontTable::write(QByteArray& out) const
+void RtfFontTable::write(RtfOutput& out) const
 {
     out.append("{\\fonttbl");
     for (qsizetype index = 0; index < m_entries.size(); ++index) {

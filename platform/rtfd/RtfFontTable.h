@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/attributedtext/Font.h"
+#include "platform/rtfd/RtfOutput.h"
 
-#include <QByteArray>
 #include <QHash>
 
 namespace platform {
@@ -15,7 +15,7 @@ public:
     // The number of the font's face.
     [[nodiscard]] int indexOf(const Font& font);
     // The whole \fonttbl group.
-    void write(QByteArray& out) const;
+    void write(RtfOutput& out) const;
 
 private:
     struct Face {

@@ -1,34 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "platform/rtfd/RtfGroupTokens.h"
 #include "platform/rtfd/RtfReadTables.h"
 
 namespace platform {
-
-namespace {
-
-struct FaceEnding {
-    const char* text;
-    bool bold;
-    bool italic;
-};
-
-// How PostScript names tell the face of a family that is not known; longer ones first.
-constexpr FaceEnding faceEndings[] = {{"-BoldItalic", true, true},
-                                      {"-BoldOblique", true, true},
-                                      {"-Bold", true, false},
-                                      {"-Italic", false, true},
-                                      {"-Oblique", false, true}};
-
-Font unknownFace(const RtfReadFont& font)
-{
-    for (const FaceEnding& ending : faceEndings) {
-        const QLatin1String text(ending.text);
-        if (font.name.endsWith(text) && font.name.size() > text.size())
-            return Font{font.name.chopped(text.size()), 0, ending.bold, ending.italic, font.isFixedPitch};
-    }
-    return Font{font.name, 0, false, false, font.isFixedPitch};
-}
-
-} // namespace
 
 int RtfReadFont::codePage(const RtfDocumentFacts& facts) const
 {
@@ -42,20 +16,22 @@ const Font& rtfFace(RtfReadFont& font)
 {
     if (font.face)
         return *font.face;
-    if (font.name.isEmpty())
+    if (font.name.isEmpty()) {
         font.face = Font::userFont(12);
-    else if (const auto known = Font::fontNamed(font.name, 12))
+    } else if (const auto known = Font::fontNamed(font.name, 12)) {
         font.face = *known;
-    else
-        font.face = unknownFace(font);
+    } else {
+        font.face = Font::fontWithFaceName(font.name, 12);
+        font.face->monospaced = font.isFixedPitch;
+    }
     return *font.face;
 }
 
 void readRtfFontTable(RtfTokenizer& tokens, RtfDecoders& decoders, const RtfDocumentFacts& facts,
                       RtfReadFonts& fonts)
 {
-    // Fonts stand in groups of their own or follow each other in one; a semicolon ends each. Groups within a
-    // font's own tell other names and embedded data.
+    // Fonts stand in groups of their own or follow each other in one; a semicolon ends each. Groups
+    // within a font's own tell other names and embedded data.
     int number = 0;
     RtfReadFont font;
     QByteArray name;
@@ -75,22 +51,20 @@ void readRtfFontTable(RtfTokenizer& tokens, RtfDecoders& decoders, const RtfDocu
         font = RtfReadFont();
         unicodeName.clear();
     };
-    for (int depth = 1;;) {
-        const RtfToken token = tokens.next();
+    const auto finishUnended = [&] {
+        if (!name.isEmpty() || !unicodeName.isEmpty())
+            finish();
+    };
+    RtfGroupTokens group(tokens);
+    while (const RtfToken* next = group.next()) {
+        const RtfToken& token = *next;
         switch (token.kind) {
-        case RtfToken::Kind::End:
-            return;
         case RtfToken::Kind::GroupOpen:
-            if (depth == 2)
-                tokens.skipGroup();
-            else
-                ++depth;
+            if (group.depth() > 2)
+                group.skipInnermost();
             break;
         case RtfToken::Kind::GroupClose:
-            if (!name.isEmpty() || !unicodeName.isEmpty())
-                finish();
-            if (--depth == 0)
-                return;
+            finishUnended();
             break;
         case RtfToken::Kind::Word:
             if (token.bytes == "f") {
@@ -131,9 +105,11 @@ void readRtfFontTable(RtfTokenizer& tokens, RtfDecoders& decoders, const RtfDocu
                 name.append(token.symbol);
             break;
         case RtfToken::Kind::Binary:
+        case RtfToken::Kind::End:
             break;
         }
     }
+    finishUnended();
 }
 
 } // namespace platform

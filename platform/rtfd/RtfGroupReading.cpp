@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include "platform/rtfd/RtfGroupTokens.h"
 #include "platform/rtfd/RtfReadTables.h"
 
 namespace platform {
 
 namespace {
 
-// A word of the instruction from the position on: in quotes, where a backslash escapes, or up to white space.
+// A word of the instruction from the position on: in quotes, where a backslash escapes, or up to
+// white space.
 QString nextArgument(const QString& instruction, qsizetype& position)
 {
     while (position < instruction.size() && instruction.at(position).isSpace())
@@ -14,9 +16,9 @@ QString nextArgument(const QString& instruction, qsizetype& position)
     if (position < instruction.size() && instruction.at(position) == u'"') {
         ++position;
         for (; position < instruction.size() && instruction.at(position) != u'"'; ++position) {
-            const bool isEscape = instruction.at(position) == u'\\' && position + 1 < instruction.size()
-                                  && (instruction.at(position + 1) == u'\\'
-                                      || instruction.at(position + 1) == u'"');
+            const bool isEscape =
+                instruction.at(position) == u'\\' && position + 1 < instruction.size() &&
+                (instruction.at(position + 1) == u'\\' || instruction.at(position + 1) == u'"');
             if (isEscape)
                 ++position;
             argument += instruction.at(position);
@@ -41,18 +43,10 @@ QString readRtfGroupText(RtfTokenizer& tokens, RtfDecoders& decoders, int codePa
         decoders.append(text, bytes, codePage);
         bytes.clear();
     };
-    for (int depth = 1; depth > 0;) {
-        const RtfToken token = tokens.next();
+    RtfGroupTokens group(tokens);
+    while (const RtfToken* next = group.next()) {
+        const RtfToken& token = *next;
         switch (token.kind) {
-        case RtfToken::Kind::End:
-            depth = 0;
-            break;
-        case RtfToken::Kind::GroupOpen:
-            ++depth;
-            break;
-        case RtfToken::Kind::GroupClose:
-            --depth;
-            break;
         case RtfToken::Kind::Text: {
             const qsizetype skipped = std::min(toSkip, token.bytes.size());
             toSkip -= skipped;
@@ -66,9 +60,8 @@ QString readRtfGroupText(RtfTokenizer& tokens, RtfDecoders& decoders, int codePa
                 bytes.append(token.symbol);
             break;
         case RtfToken::Kind::Symbol:
-            if (token.symbol == '*' && depth > 1) {
-                tokens.skipGroup();
-                --depth;
+            if (token.symbol == '*' && group.depth() > 1) {
+                group.skipInnermost();
             } else if (token.symbol == '\\' || token.symbol == '{' || token.symbol == '}') {
                 bytes.append(token.symbol);
             } else if (token.symbol == '~') {
@@ -90,7 +83,7 @@ QString readRtfGroupText(RtfTokenizer& tokens, RtfDecoders& decoders, int codePa
                 bytes.append('\t');
             }
             break;
-        case RtfToken::Kind::Binary:
+        default:
             break;
         }
     }
@@ -122,25 +115,20 @@ void readRtfInformation(RtfTokenizer& tokens, RtfDecoders& decoders, const RtfDo
                         DocumentAttributes& attributes)
 {
     const std::pair<QByteArrayView, QString&> entries[] = {
-        {"title", attributes.title},     {"subject", attributes.subject},     {"author", attributes.author},
-        {"company", attributes.company}, {"copyright", attributes.copyright}, {"keywords", attributes.keywords},
+        {"title", attributes.title},         {"subject", attributes.subject},
+        {"author", attributes.author},       {"company", attributes.company},
+        {"copyright", attributes.copyright}, {"keywords", attributes.keywords},
         {"doccomm", attributes.comment},
     };
-    for (int depth = 1; depth > 0;) {
-        const RtfToken token = tokens.next();
-        if (token.kind == RtfToken::Kind::End)
-            return;
-        if (token.kind == RtfToken::Kind::GroupOpen)
-            ++depth;
-        else if (token.kind == RtfToken::Kind::GroupClose)
-            --depth;
-        if (token.kind != RtfToken::Kind::Word || depth < 2)
+    RtfGroupTokens group(tokens);
+    while (const RtfToken* token = group.next()) {
+        if (token->kind != RtfToken::Kind::Word || group.depth() < 2)
             continue;
         for (const auto& [name, value] : entries) {
-            if (token.bytes != name)
+            if (token->bytes != name)
                 continue;
             value = readRtfGroupText(tokens, decoders, facts.codePage);
-            --depth;
+            group.leaveInnermost();
             break;
         }
     }
@@ -152,16 +140,11 @@ void readRtfBackground(RtfTokenizer& tokens, DocumentAttributes& attributes)
     enum class Part { None, Name, Value } part = Part::None;
     QByteArray name;
     QByteArray value;
-    for (int depth = 1; depth > 0;) {
-        const RtfToken token = tokens.next();
+    RtfGroupTokens group(tokens);
+    while (const RtfToken* next = group.next()) {
+        const RtfToken& token = *next;
         switch (token.kind) {
-        case RtfToken::Kind::End:
-            return;
-        case RtfToken::Kind::GroupOpen:
-            ++depth;
-            break;
         case RtfToken::Kind::GroupClose:
-            --depth;
             if (part == Part::Value && name == "fillColor") {
                 const qint64 color = value.toLongLong();
                 attributes.backgroundColor = Color::fromRgb8(static_cast<int>(color & 255),

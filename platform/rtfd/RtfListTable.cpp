@@ -30,7 +30,7 @@ int numberKind(QStringView kind)
     return bulletKind;
 }
 
-void appendCountedText(QByteArray& out, qsizetype length)
+void appendCountedText(RtfOutput& out, qsizetype length)
 {
     static constexpr char digits[] = "0123456789abcdef";
     const auto count = static_cast<unsigned>(std::min<qsizetype>(length, 255));
@@ -40,7 +40,8 @@ void appendCountedText(QByteArray& out, qsizetype length)
 
 } // namespace
 
-RtfListTable::Reference RtfListTable::referenceTo(const std::vector<std::shared_ptr<const TextList>>& chain)
+RtfListTable::Reference
+RtfListTable::referenceTo(const std::vector<std::shared_ptr<const TextList>>& chain)
 {
     Levels levels;
     for (const auto& list : chain) {
@@ -84,7 +85,7 @@ void RtfListTable::registerPrefixes(int entry, qsizetype firstLevel)
     }
 }
 
-void RtfListTable::writeLevel(QByteArray& out, const TextList& list, int level) const
+void RtfListTable::writeLevel(RtfOutput& out, const TextList& list, int level) const
 {
     const QStringView format(list.markerFormat);
     const qsizetype open = format.indexOf(u'{');
@@ -98,7 +99,7 @@ void RtfListTable::writeLevel(QByteArray& out, const TextList& list, int level) 
     out.append("\\leveljc0\\leveljcn0\\levelfollow0");
     appendControl(out, "\\levelstartat", list.startingItemNumber);
     out.append("\\levelspace360\\levelindent0{\\*\\levelmarker ");
-    appendRtfText(out, format.isEmpty() ? QStringView(u"{none}") : format);
+    appendRtfName(out, format.isEmpty() ? QStringView(u"{none}") : format);
     out.append("}{\\leveltext");
     appendControl(out, "\\leveltemplateid", m_templates.value(&list));
     if (number == bulletKind) {
@@ -107,13 +108,14 @@ void RtfListTable::writeLevel(QByteArray& out, const TextList& list, int level) 
         appendRtfMarker(out, marker);
         out.append(";}{\\levelnumbers;}");
     } else {
-        // The number's place is a byte with its level; \levelnumbers tells where in the text it stands.
+        // The number's place is a byte with its level; \levelnumbers tells where in the text it
+        // stands.
         const QStringView before = format.first(open);
         const QStringView after = format.sliced(close + 1);
         appendCountedText(out, before.size() + 1 + after.size());
-        appendRtfText(out, before);
+        appendRtfName(out, before);
         appendCountedText(out, level);
-        appendRtfText(out, after);
+        appendRtfName(out, after);
         out.append(";}{\\levelnumbers");
         appendCountedText(out, before.size() + 1);
         out.append(";}");
@@ -125,7 +127,7 @@ void RtfListTable::writeLevel(QByteArray& out, const TextList& list, int level) 
     out.append(" }");
 }
 
-void RtfListTable::write(QByteArray& out) const
+void RtfListTable::write(RtfOutput& out) const
 {
     out.append("{\\*\\listtable");
     for (qsizetype entry = 0; entry < m_entries.size(); ++entry) {

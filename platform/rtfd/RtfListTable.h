@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/attributedtext/TextList.h"
+#include "platform/rtfd/RtfOutput.h"
 
-#include <QByteArray>
 #include <QHash>
 #include <QList>
 
@@ -12,9 +12,10 @@
 
 namespace platform {
 
-// The lists of a document. An entry of the table is a list with the lists inside it, one a level; where a
-// list holds two different lists at the same level, the second stands in an entry of its own, which repeats
-// the outer level under its template number, so that it is known to be the same list.
+// The lists of a document. An entry of the table is a list with the lists inside it, one a level;
+// where a list holds two different lists at the same level, the second stands in an entry of its
+// own, which repeats the outer level under its template number, so that it is known to be the same
+// list.
 class RtfListTable {
 public:
     struct Reference {
@@ -27,13 +28,13 @@ public:
 
     [[nodiscard]] bool isEmpty() const { return m_entries.isEmpty(); }
     // The \listtable and \listoverridetable groups.
-    void write(QByteArray& out) const;
+    void write(RtfOutput& out) const;
 
 private:
     using Levels = QList<const TextList*>;
 
     void registerPrefixes(int entry, qsizetype firstLevel);
-    void writeLevel(QByteArray& out, const TextList& list, int level) const;
+    void writeLevel(RtfOutput& out, const TextList& list, int level) const;
 
     QList<Levels> m_entries;
     QHash<Levels, int> m_entryByPrefix;

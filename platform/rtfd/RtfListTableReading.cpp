@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "platform/rtfd/RtfGroupTokens.h"
 #include "platform/rtfd/RtfReadTables.h"
 
 namespace platform {
@@ -55,7 +56,7 @@ struct Level {
     int templateId = 0;
     bool hasMarker = false;
     QString marker; // Cocoa's own form of the format
-    QString text;   // the counted text: its length, then characters, with numbers below 9 for levels
+    QString text; // the counted text: its length, then characters, with numbers below 9 for levels
 
     [[nodiscard]] QString format(int level) const
     {
@@ -86,23 +87,17 @@ struct Level {
     }
 };
 
-// The text of a level's own group, in which \'xx are counts and places, not characters of a code page.
+// The text of a level's own group, in which \'xx are counts and places, not characters of a code
+// page.
 QString readLevelText(RtfTokenizer& tokens, Level& level)
 {
     QString text;
     int substitutes = 1;
     int toSkip = 0;
-    for (int depth = 1; depth > 0;) {
-        const RtfToken token = tokens.next();
+    RtfGroupTokens group(tokens);
+    while (const RtfToken* next = group.next()) {
+        const RtfToken& token = *next;
         switch (token.kind) {
-        case RtfToken::Kind::End:
-            return text;
-        case RtfToken::Kind::GroupOpen:
-            ++depth;
-            break;
-        case RtfToken::Kind::GroupClose:
-            --depth;
-            break;
         case RtfToken::Kind::Byte:
             if (toSkip > 0)
                 --toSkip;
@@ -131,7 +126,7 @@ QString readLevelText(RtfTokenizer& tokens, Level& level)
                 toSkip = substitutes;
             }
             break;
-        case RtfToken::Kind::Binary:
+        default:
             break;
         }
     }
@@ -144,25 +139,19 @@ QString readLevelText(RtfTokenizer& tokens, Level& level)
 Level readLevel(RtfTokenizer& tokens, RtfDecoders& decoders, const RtfDocumentFacts& facts)
 {
     Level level;
-    for (int depth = 1; depth > 0;) {
-        const RtfToken token = tokens.next();
-        if (token.kind == RtfToken::Kind::End)
-            break;
-        if (token.kind == RtfToken::Kind::GroupOpen) {
-            ++depth;
-        } else if (token.kind == RtfToken::Kind::GroupClose) {
-            --depth;
-        } else if (token.isWord("levelnfc") || token.isWord("levelnfcn")) {
-            level.numberKind = token.number;
-        } else if (token.isWord("levelstartat")) {
-            level.start = token.number;
-        } else if (token.isWord("leveltext")) {
+    RtfGroupTokens group(tokens);
+    while (const RtfToken* token = group.next()) {
+        if (token->isWord("levelnfc") || token->isWord("levelnfcn")) {
+            level.numberKind = token->number;
+        } else if (token->isWord("levelstartat")) {
+            level.start = token->number;
+        } else if (token->isWord("leveltext")) {
             level.text = readLevelText(tokens, level);
-            --depth;
-        } else if (token.isWord("levelmarker")) {
+            group.leaveInnermost();
+        } else if (token->isWord("levelmarker")) {
             level.marker = readRtfGroupText(tokens, decoders, facts.codePage);
             level.hasMarker = true;
-            --depth;
+            group.leaveInnermost();
         }
     }
     return level;
@@ -170,45 +159,35 @@ Level readLevel(RtfTokenizer& tokens, RtfDecoders& decoders, const RtfDocumentFa
 
 } // namespace
 
-void RtfReadLists::readTable(RtfTokenizer& tokens, RtfDecoders& decoders, const RtfDocumentFacts& facts)
+void RtfReadLists::readTable(RtfTokenizer& tokens, RtfDecoders& decoders,
+                             const RtfDocumentFacts& facts)
 {
-    for (int depth = 1; depth > 0;) {
-        const RtfToken token = tokens.next();
-        if (token.kind == RtfToken::Kind::End)
-            return;
-        if (token.kind == RtfToken::Kind::GroupOpen)
-            ++depth;
-        else if (token.kind == RtfToken::Kind::GroupClose)
-            --depth;
-        else if (token.isWord("list")) {
+    RtfGroupTokens group(tokens);
+    while (const RtfToken* token = group.next()) {
+        if (token->isWord("list")) {
             readList(tokens, decoders, facts);
-            --depth;
+            group.leaveInnermost();
         }
     }
 }
 
-void RtfReadLists::readList(RtfTokenizer& tokens, RtfDecoders& decoders, const RtfDocumentFacts& facts)
+void RtfReadLists::readList(RtfTokenizer& tokens, RtfDecoders& decoders,
+                            const RtfDocumentFacts& facts)
 {
     Levels levels;
     int id = 0;
-    for (int depth = 1; depth > 0;) {
-        const RtfToken token = tokens.next();
-        if (token.kind == RtfToken::Kind::End)
-            break;
-        if (token.kind == RtfToken::Kind::GroupOpen) {
-            ++depth;
-        } else if (token.kind == RtfToken::Kind::GroupClose) {
-            --depth;
-        } else if (token.isWord("listid")) {
-            id = token.number;
-        } else if (token.isWord("listlevel")) {
+    RtfGroupTokens group(tokens);
+    while (const RtfToken* token = group.next()) {
+        if (token->isWord("listid")) {
+            id = token->number;
+        } else if (token->isWord("listlevel")) {
             const Level level = readLevel(tokens, decoders, facts);
-            --depth;
+            group.leaveInnermost();
             if (levels.size() >= maximumLevels)
                 continue;
             // In Cocoa's files a template number stands for one list; elsewhere for a kind of them.
-            const bool isKnown = facts.isCocoa && level.templateId != 0
-                                 && m_listByTemplate.contains(level.templateId);
+            const bool isKnown = facts.isCocoa && level.templateId != 0 &&
+                                 m_listByTemplate.contains(level.templateId);
             if (isKnown) {
                 levels.push_back(m_listByTemplate.value(level.templateId));
                 continue;
@@ -227,18 +206,12 @@ void RtfReadLists::readList(RtfTokenizer& tokens, RtfDecoders& decoders, const R
 void RtfReadLists::readOverrides(RtfTokenizer& tokens)
 {
     int id = 0;
-    for (int depth = 1; depth > 0;) {
-        const RtfToken token = tokens.next();
-        if (token.kind == RtfToken::Kind::End)
-            return;
-        if (token.kind == RtfToken::Kind::GroupOpen)
-            ++depth;
-        else if (token.kind == RtfToken::Kind::GroupClose)
-            --depth;
-        else if (token.isWord("listid"))
-            id = token.number;
-        else if (token.isWord("ls"))
-            m_idByReference.insert(token.number, id);
+    RtfGroupTokens group(tokens);
+    while (const RtfToken* token = group.next()) {
+        if (token->isWord("listid"))
+            id = token->number;
+        else if (token->isWord("ls"))
+            m_idByReference.insert(token->number, id);
     }
 }
 

@@ -9,13 +9,13 @@ namespace platform {
 
 namespace {
 
-void appendLength(QByteArray& out, const char* word, double points)
+void appendLength(RtfOutput& out, const char* word, double points)
 {
     if (const qint64 twips = twipsFromPoints(points); twips != 0)
         appendControl(out, word, twips);
 }
 
-void appendTabStops(QByteArray& out, const ParagraphStyle& style)
+void appendTabStops(RtfOutput& out, const ParagraphStyle& style)
 {
     for (const TextTab& stop : style.tabStops) {
         if (stop.alignment == TextAlignment::Right)
@@ -32,13 +32,15 @@ void appendTabStops(QByteArray& out, const ParagraphStyle& style)
     appendLength(out, "\\pardeftab", style.defaultTabInterval);
 }
 
-// \sl is a height that the line has at least, exactly when negative, and with \slmult1 a multiple of 240.
-void appendLineHeights(QByteArray& out, const ParagraphStyle& style)
+// \sl is a height that the line has at least, exactly when negative, and with \slmult1 a multiple
+// of 240.
+void appendLineHeights(RtfOutput& out, const ParagraphStyle& style)
 {
     appendLength(out, "\\slleading", style.lineSpacing);
-    const qint64 multiple = std::isfinite(style.lineHeightMultiple)
-                                ? std::llround(std::clamp(style.lineHeightMultiple, 0.0, 1000.0) * 240)
-                                : 0;
+    const qint64 multiple =
+        std::isfinite(style.lineHeightMultiple)
+            ? std::llround(std::clamp(style.lineHeightMultiple, 0.0, 1000.0) * 240)
+            : 0;
     const qint64 minimum = twipsFromPoints(style.minimumLineHeight);
     const qint64 maximum = twipsFromPoints(style.maximumLineHeight);
     if (multiple > 0) {
@@ -75,7 +77,7 @@ const char* alignmentWord(TextAlignment alignment)
 
 } // namespace
 
-void appendParagraphFormat(QByteArray& out, const ParagraphStyle& style, int tableDepth)
+void appendParagraphFormat(RtfOutput& out, const ParagraphStyle& style, int tableDepth)
 {
     out.append("\\pard");
     if (tableDepth > 0)

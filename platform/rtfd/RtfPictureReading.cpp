@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/rtfd/RtfBodyReader.h"
 #include "platform/rtfd/RtfControlWords.h"
+#include "platform/rtfd/RtfGroupTokens.h"
 
 #include <QStringDecoder>
 
@@ -39,18 +40,10 @@ void RtfBodyReader::readAttachment()
     QByteArray name;
     TextAttachment::Size size;
     bool isNameOver = false;
-    for (int depth = 1; depth > 0;) {
-        const RtfToken token = m_tokens.next();
+    RtfGroupTokens group(m_tokens);
+    while (const RtfToken* next = group.next()) {
+        const RtfToken& token = *next;
         switch (token.kind) {
-        case RtfToken::Kind::End:
-            depth = 0;
-            break;
-        case RtfToken::Kind::GroupOpen:
-            ++depth;
-            break;
-        case RtfToken::Kind::GroupClose:
-            --depth;
-            break;
         case RtfToken::Kind::Text:
             if (!isNameOver)
                 name.append(token.bytes);
@@ -76,13 +69,14 @@ void RtfBodyReader::readAttachment()
             else if (token.bytes == "height")
                 size.height = pointsFromTwips(token.number);
             break;
-        case RtfToken::Kind::Binary:
+        default:
             break;
         }
     }
     leaveReadGroup();
     const QString filename = decodedName(name, m_decoders, m_facts.codePage);
-    std::shared_ptr<TextAttachment> attachment = m_attachmentFor ? m_attachmentFor(filename) : nullptr;
+    std::shared_ptr<TextAttachment> attachment =
+        m_attachmentFor ? m_attachmentFor(filename) : nullptr;
     if (!attachment)
         attachment = std::make_shared<TextAttachment>();
     attachment->setSize(size);
@@ -99,17 +93,12 @@ void RtfBodyReader::readPicture()
     const char* extension = nullptr;
     PictureSize width;
     PictureSize height;
-    for (int depth = 1; depth > 0;) {
-        const RtfToken token = m_tokens.next();
+    RtfGroupTokens group(m_tokens);
+    while (const RtfToken* next = group.next()) {
+        const RtfToken& token = *next;
         switch (token.kind) {
-        case RtfToken::Kind::End:
-            depth = 0;
-            break;
         case RtfToken::Kind::GroupOpen:
-            m_tokens.skipGroup();
-            break;
-        case RtfToken::Kind::GroupClose:
-            --depth;
+            group.skipInnermost();
             break;
         case RtfToken::Kind::Text:
             digits.append(token.bytes);
@@ -149,19 +138,15 @@ void RtfBodyReader::readPicture()
     m_builder.appendAttachment(std::move(attachment), state().characters, state().link);
 }
 
-// The older form of lists: {\*\pn \pnlvlblt …} in every paragraph of a list, which nothing else holds together.
+// The older form of lists: {\*\pn \pnlvlblt …} in every paragraph of a list, which nothing else
+// holds together.
 void RtfBodyReader::readOlderList()
 {
     QString format;
     int start = 1;
-    for (int depth = 1; depth > 0;) {
-        const RtfToken token = m_tokens.next();
-        if (token.kind == RtfToken::Kind::End)
-            break;
-        if (token.kind == RtfToken::Kind::GroupOpen)
-            ++depth;
-        else if (token.kind == RtfToken::Kind::GroupClose)
-            --depth;
+    RtfGroupTokens group(m_tokens);
+    while (const RtfToken* next = group.next()) {
+        const RtfToken& token = *next;
         if (token.kind != RtfToken::Kind::Word)
             continue;
         if (token.bytes == "pnlvlblt")

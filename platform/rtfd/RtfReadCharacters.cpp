@@ -49,7 +49,8 @@ bool RtfReadCharacters::apply(const RtfReadWord& word)
         font = number;
         return true;
     case RtfWord::Fs:
-        sizeInThousandths = word.hasNumber && number > 0 ? limited(qint64(number) * 500, largestSize) : 12000;
+        sizeInThousandths =
+            word.hasNumber && number > 0 ? limited(qint64(number) * 500, largestSize) : 12000;
         return true;
     case RtfWord::Fsmilli:
         if (number > 0)
@@ -82,7 +83,8 @@ bool RtfReadCharacters::apply(const RtfReadWord& word)
         underlineColor = number;
         return true;
     case RtfWord::Strike:
-        // Each of the two ends only its own line: writers set one and clear the other, in either order.
+        // Each of the two ends only its own line: writers set one and clear the other, in either
+        // order.
         if (word.isOn() || strikethrough != LineStyle::Double)
             strikethrough = lineIf(word.isOn(), LineStyle::Single);
         return true;

@@ -73,7 +73,8 @@ struct RtfReadParagraph {
     bool apply(const RtfReadWord& word);
     // How many table cells the paragraph stands in.
     [[nodiscard]] int depth() const;
-    [[nodiscard]] ParagraphStyle style(const RtfReadLists& lists, const RtfDocumentFacts& facts) const;
+    [[nodiscard]] ParagraphStyle style(const RtfReadLists& lists,
+                                       const RtfDocumentFacts& facts) const;
 };
 
 } // namespace platform

@@ -17,7 +17,8 @@ bool areDefaultTabStops(const std::vector<TextTab>& stops)
     if (stops.size() != defaultTabStopCount)
         return false;
     for (std::size_t index = 0; index < stops.size(); ++index) {
-        const double location = pointsFromTwips(static_cast<qint64>(index + 1) * defaultTabStopTwips);
+        const double location =
+            pointsFromTwips(static_cast<qint64>(index + 1) * defaultTabStopTwips);
         if (stops[index] != TextTab{TextAlignment::Left, location})
             return false;
     }
@@ -140,7 +141,8 @@ int RtfReadParagraph::depth() const
     return isInTable ? 1 : 0;
 }
 
-ParagraphStyle RtfReadParagraph::style(const RtfReadLists& lists, const RtfDocumentFacts& facts) const
+ParagraphStyle RtfReadParagraph::style(const RtfReadLists& lists,
+                                       const RtfDocumentFacts& facts) const
 {
     ParagraphStyle style;
     style.alignment = alignment;

@@ -15,8 +15,8 @@
 #include <optional>
 #include <vector>
 
-// The groups of a document's header. Each reader takes the tokens after the group's first word, up to and with
-// the brace that ends the group.
+// The groups of a document's header. Each reader takes the tokens after the group's first word, up
+// to and with the brace that ends the group.
 namespace platform {
 
 // What the document says of its bytes, and who wrote it.
@@ -58,7 +58,8 @@ public:
     void readTable(RtfTokenizer& tokens, RtfDecoders& decoders, const RtfDocumentFacts& facts);
     void readOverrides(RtfTokenizer& tokens);
     // The lists from the outermost to that of the level; none for a reference that leads nowhere.
-    [[nodiscard]] std::vector<std::shared_ptr<const TextList>> chain(int reference, int level) const;
+    [[nodiscard]] std::vector<std::shared_ptr<const TextList>> chain(int reference,
+                                                                     int level) const;
 
 private:
     using Levels = std::vector<std::shared_ptr<const TextList>>;

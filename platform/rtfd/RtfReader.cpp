@@ -9,7 +9,8 @@ namespace platform {
 
 std::optional<AttributedString> attributedStringFromRtf(QByteArrayView rtf,
                                                         const RtfAttachmentMaker& attachmentFor,
-                                                        DocumentAttributes* attributes, Error* error)
+                                                        DocumentAttributes* attributes,
+                                                        Error* error)
 {
     // White space and a mark of UTF-8 may stand before it.
     QByteArrayView start = rtf.first(std::min<qsizetype>(rtf.size(), 1024)).trimmed();
@@ -27,8 +28,8 @@ std::optional<AttributedString> attributedStringFromRtf(QByteArrayView rtf,
     return text;
 }
 
-std::optional<AttributedString> attributedStringFromRtf(QByteArrayView rtf, DocumentAttributes* attributes,
-                                                        Error* error)
+std::optional<AttributedString>
+attributedStringFromRtf(QByteArrayView rtf, DocumentAttributes* attributes, Error* error)
 {
     return attributedStringFromRtf(rtf, RtfAttachmentMaker(), attributes, error);
 }

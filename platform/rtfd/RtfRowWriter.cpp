@@ -22,7 +22,7 @@ std::size_t indexOf(TextEdge edge)
     return static_cast<std::size_t>(edge);
 }
 
-void appendEdge(QByteArray& out, const char* word, char letter, qint64 value)
+void appendEdge(RtfOutput& out, const char* word, char letter, qint64 value)
 {
     out.append(word).append(letter);
     appendControl(out, "", value);
@@ -30,10 +30,11 @@ void appendEdge(QByteArray& out, const char* word, char letter, qint64 value)
 }
 
 // \ftsWidth: 3 counts twips, 2 fiftieths of a per cent.
-void appendWidth(QByteArray& out, const char* prefix, const TextLength& width)
+void appendWidth(RtfOutput& out, const char* prefix, const TextLength& width)
 {
     const bool isPercent = width.unit == TextLength::Unit::Percent;
-    const qint64 value = isPercent ? twipsFromPoints(width.value * 2.5) : twipsFromPoints(width.value);
+    const qint64 value =
+        isPercent ? twipsFromPoints(width.value * 2.5) : twipsFromPoints(width.value);
     out.append('\\').append(prefix);
     appendControl(out, "wWidth", value);
     out.append('\\').append(prefix);
@@ -41,20 +42,47 @@ void appendWidth(QByteArray& out, const char* prefix, const TextLength& width)
     out.append(' ');
 }
 
-void appendBorders(QByteArray& out, const TextBlock& block, RtfColorTable& colors)
+// Box: a cell's block or a table.
+template <typename Box>
+bool hasBorder(const Box& box, TextEdge edge)
+{
+    return twipsFromPoints(box.borderWidth[indexOf(edge)]) > 0 || box.borderColor[indexOf(edge)];
+}
+
+template <typename Box>
+void appendBorder(RtfOutput& out, const Box& box, TextEdge edge, RtfColorTable& colors)
+{
+    if (!hasBorder(box, edge)) {
+        out.append("\\brdrnil ");
+        return;
+    }
+    const qint64 width = twipsFromPoints(box.borderWidth[indexOf(edge)]);
+    appendControl(out, "\\brdrs\\brdrw", std::max<qint64>(width, 0));
+    appendControl(out, "\\brdrcf", colors.indexOf(box.borderColor[indexOf(edge)]));
+    out.append(' ');
+}
+
+void appendCellBorders(RtfOutput& out, const TextBlock& block, RtfColorTable& colors)
 {
     for (const auto& [edge, letter] : edges) {
         out.append("\\clbrdr").append(letter);
-        const qint64 width = twipsFromPoints(block.borderWidth[indexOf(edge)]);
-        const std::optional<Color>& color = block.borderColor[indexOf(edge)];
-        if (width <= 0 && !color) {
-            out.append("\\brdrnil ");
-            continue;
-        }
-        appendControl(out, "\\brdrs\\brdrw", std::max<qint64>(width, 0));
-        appendControl(out, "\\brdrcf", colors.indexOf(color));
-        out.append(' ');
+        appendBorder(out, block, edge, colors);
     }
+}
+
+// The part of the table's own border that the row stands at.
+void appendTableBorders(RtfOutput& out, const TextTable& table, const RtfRowPlan& row,
+                        RtfColorTable& colors)
+{
+    if (row.isFirst)
+        appendBorder(out.append("\\trbrdrt"), table, TextEdge::Top, colors);
+    appendBorder(out.append("\\trbrdrl"), table, TextEdge::Left, colors);
+    // Where nothing is drawn, the bottom edge goes by the name of the top one, as Cocoa has it.
+    const bool isDrawn = hasBorder(table, TextEdge::Top) || hasBorder(table, TextEdge::Bottom);
+    if (row.isLast)
+        appendBorder(out.append(isDrawn ? "\\trbrdrb" : "\\trbrdrt"), table, TextEdge::Bottom,
+                     colors);
+    appendBorder(out.append("\\trbrdrr"), table, TextEdge::Right, colors);
 }
 
 const char* verticalAlignmentWord(TextVerticalAlignment alignment)
@@ -72,7 +100,7 @@ const char* verticalAlignmentWord(TextVerticalAlignment alignment)
     return "";
 }
 
-void appendCellDefinition(QByteArray& out, const RtfCellPlan& cell, RtfColorTable& colors)
+void appendCellDefinition(RtfOutput& out, const RtfCellPlan& cell, RtfColorTable& colors)
 {
     static const TextBlock noBlock;
     const TextBlock& block = cell.block ? *cell.block : noBlock;
@@ -102,7 +130,7 @@ void appendCellDefinition(QByteArray& out, const RtfCellPlan& cell, RtfColorTabl
         if (const qint64 margin = twipsFromPoints(block.margin[indexOf(edge)]); margin != 0)
             appendEdge(out, "\\clmar", letter, margin);
     }
-    appendBorders(out, block, colors);
+    appendCellBorders(out, block, colors);
     for (const auto& [edge, letter] : edges) {
         // Left and right are always told, or half of \trgaph would count.
         const bool isAlwaysTold = edge == TextEdge::Left || edge == TextEdge::Right;
@@ -112,16 +140,13 @@ void appendCellDefinition(QByteArray& out, const RtfCellPlan& cell, RtfColorTabl
     }
 }
 
-} // namespace
-
-void appendRowDefinition(QByteArray& out, const RtfRowPlan& row, RtfColorTable& colors)
+void appendProperties(RtfOutput& out, const RtfRowPlan& row, RtfColorTable& colors)
 {
     static const TextTable noTable;
     const TextTable& table = row.table ? *row.table : noTable;
     int flags = table.collapsesBorders ? rtfTableCollapsesBorders : 0;
     if (table.hidesEmptyCells)
         flags |= rtfTableHidesEmptyCells;
-    appendControl(out, "\n\\itap", row.level);
     appendControl(out, "\\trowd \\taflags", flags);
     out.append(" \\trgaph108\\trleft-108 ");
     if (table.width)
@@ -130,13 +155,8 @@ void appendRowDefinition(QByteArray& out, const RtfRowPlan& row, RtfColorTable& 
         appendControl(out, "\\trcbpat", colors.indexOf(table.backgroundColor));
         out.append(' ');
     }
-    // The second \trbrdrt, where the bottom would be due, is Cocoa's own.
-    if (row.isFirst)
-        out.append("\\trbrdrt\\brdrnil ");
-    out.append("\\trbrdrl\\brdrnil ");
-    if (row.isLast)
-        out.append("\\trbrdrt\\brdrnil ");
-    out.append("\\trbrdrr\\brdrnil \n");
+    appendTableBorders(out, table, row, colors);
+    out.append('\n');
 
     const auto count = static_cast<qint64>(row.cells.size());
     for (qint64 index = 0; index < count; ++index) {
@@ -144,6 +164,27 @@ void appendRowDefinition(QByteArray& out, const RtfRowPlan& row, RtfColorTable& 
         appendControl(out, "\\gaph\\cellx", rtfRowWidth * (index + 1) / count);
         out.append('\n');
     }
+}
+
+} // namespace
+
+void appendRowDefinition(RtfOutput& out, const RtfRowPlan& row, RtfColorTable& colors)
+{
+    appendControl(out, "\n\\itap", row.level);
+    appendProperties(out, row, colors);
+}
+
+void appendRowEnd(RtfOutput& out, const RtfRowPlan& row, RtfColorTable& colors)
+{
+    const bool isInner = row.level > 1;
+    if (isInner) {
+        out.append("{\\*\\nesttableprops");
+        appendProperties(out, row, colors);
+        out.append('}');
+    }
+    if (row.isLast)
+        out.append("\\lastrow");
+    out.append(isInner ? "\\nestrow\n" : "\\row\n");
 }
 
 } // namespace platform

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "platform/rtfd/RtfColorTable.h"
+#include "platform/rtfd/RtfOutput.h"
 #include "platform/rtfd/RtfTablePlan.h"
 
-#include <QByteArray>
 
 namespace platform {
 
@@ -16,6 +16,11 @@ constexpr int rtfTableCollapsesBorders = 1;
 constexpr int rtfTableHidesEmptyCells = 2;
 
 // The row's definition, from the line before \itap to the last \cellx.
-void appendRowDefinition(QByteArray& out, const RtfRowPlan& row, RtfColorTable& colors);
+void appendRowDefinition(RtfOutput& out, const RtfRowPlan& row, RtfColorTable& colors);
+
+// The end of a row, behind the end of its last cell. An inner row is defined there once more, in
+// the group in which readers other than Cocoa look for it; without it they lose the row with its
+// text.
+void appendRowEnd(RtfOutput& out, const RtfRowPlan& row, RtfColorTable& colors);
 
 } // namespace platform

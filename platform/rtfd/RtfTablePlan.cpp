@@ -7,8 +7,9 @@ namespace {
 
 constexpr std::size_t maximumDepth = 30;
 constexpr int maximumColumns = 256;
-// Cells that hold no paragraph and are written all the same, beyond one for each paragraph. Past them rows
-// end early: a table of a million rows and 256 columns may hold nothing but its first column.
+// Cells that hold no paragraph and are written all the same, beyond one for each paragraph. Past
+// them rows end early: a table of a million rows and 256 columns may hold nothing but its first
+// column.
 constexpr std::size_t spareEmptyCells = 100000;
 
 using Step = RtfTablePlan::Step;
@@ -41,7 +42,8 @@ public:
     }
 
 private:
-    // One table level that is open: the row being gathered, and what the table carries from row to row.
+    // One table level that is open: the row being gathered, and what the table carries from row to
+    // row.
     struct Level {
         const TextBlock* block = nullptr; // the cell that is open
         std::size_t rowIndex = 0;
@@ -84,7 +86,8 @@ private:
         }
     }
 
-    // From the level's open cell to another cell: in the same row, in a row below, or in another table.
+    // From the level's open cell to another cell: in the same row, in a row below, or in another
+    // table.
     void moveTo(std::size_t levelIndex, const TextBlock& block)
     {
         const Level& level = m_levels[levelIndex];
@@ -138,11 +141,12 @@ private:
         row.cells.push_back({&block, columnCount > 1});
         ++level.nextColumn;
         if (block.table && block.rowSpan > 1) {
-            const auto end = static_cast<std::size_t>(level.nextColumn) + static_cast<std::size_t>(columnCount) - 1;
+            const auto end = static_cast<std::size_t>(level.nextColumn) +
+                             static_cast<std::size_t>(columnCount) - 1;
             if (level.spans.size() < end)
                 level.spans.resize(end);
-            const RowSpan span{&block, level.nextColumn - 1, columnCount, qint64(block.row) + block.rowSpan,
-                               level.rowIndex};
+            const RowSpan span{&block, level.nextColumn - 1, columnCount,
+                               qint64(block.row) + block.rowSpan, level.rowIndex};
             std::fill(level.spans.begin() + level.nextColumn - 1,
                       level.spans.begin() + static_cast<qsizetype>(end), span);
         }
@@ -174,7 +178,8 @@ private:
         --m_emptyCellsLeft;
     }
 
-    // Columns without a cell of their own, up to this one: a cell from a row above reaches in, or none is there.
+    // Columns without a cell of their own, up to this one: a cell from a row above reaches in, or
+    // none is there.
     void fillColumns(int end)
     {
         Level& level = m_levels.back();
@@ -223,7 +228,24 @@ private:
 
 } // namespace
 
-std::vector<RtfParagraph> paragraphsOf(const QString& text, const std::vector<AttributedString::Run>& runs)
+namespace {
+
+using RunIterator = std::vector<AttributedString::Run>::const_iterator;
+
+// The style of a paragraph is that of its beginning. An attachment that was put there without one
+// says nothing: what follows it in the paragraph does.
+const ParagraphStyle* styleOf(RunIterator run, qsizetype end)
+{
+    while (run->attributes->attachment && !run->attributes->paragraphStyle &&
+           run->range.end() < end)
+        ++run;
+    return run->attributes->paragraphStyle.get();
+}
+
+} // namespace
+
+std::vector<RtfParagraph> paragraphsOf(const QString& text,
+                                       const std::vector<AttributedString::Run>& runs)
 {
     std::vector<RtfParagraph> paragraphs;
     const QStringView string(text);
@@ -235,7 +257,7 @@ std::vector<RtfParagraph> paragraphsOf(const QString& text, const std::vector<At
         paragraph.range = {start, (end < 0 ? string.size() : end + 1) - start};
         while (run->range.end() <= start)
             ++run;
-        paragraph.style = run->attributes->paragraphStyle.get();
+        paragraph.style = styleOf(run, paragraph.range.end());
         paragraphs.push_back(paragraph);
         start = paragraph.range.end();
     }

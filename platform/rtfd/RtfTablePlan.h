@@ -15,8 +15,8 @@ struct RtfParagraph {
     const ParagraphStyle* style = nullptr; // null: the standard one
 };
 
-[[nodiscard]] std::vector<RtfParagraph> paragraphsOf(const QString& text,
-                                                     const std::vector<AttributedString::Run>& runs);
+[[nodiscard]] std::vector<RtfParagraph>
+paragraphsOf(const QString& text, const std::vector<AttributedString::Run>& runs);
 
 struct RtfCellPlan {
     const TextBlock* block = nullptr; // null: the row has no cell in this column
@@ -35,8 +35,8 @@ struct RtfRowPlan {
     bool isLast = false;
 };
 
-// The order in which paragraphs and table rows are written: rich text defines a row before its cells, so the
-// cells are gathered first.
+// The order in which paragraphs and table rows are written: rich text defines a row before its
+// cells, so the cells are gathered first.
 struct RtfTablePlan {
     enum class Kind : std::uint8_t { OpenRow, Paragraph, CellParagraph, EmptyCell, CloseRow };
     struct Step {
@@ -48,8 +48,9 @@ struct RtfTablePlan {
     std::vector<Step> steps;
 };
 
-// A plain box is planned as a table of one cell: that is the only box of rich text that Cocoa reads back with
-// its padding, border and background. Boxes within more than thirty others lose the inner ones.
+// A plain box is planned as a table of one cell: that is the only box of rich text that Cocoa reads
+// back with its padding, border and background. Boxes within more than thirty others lose the inner
+// ones.
 [[nodiscard]] RtfTablePlan planTables(const std::vector<RtfParagraph>& paragraphs);
 
 } // namespace platform

@@ -8,7 +8,6 @@ namespace platform {
 
 namespace {
 
-constexpr std::size_t maximumCells = 1000;
 constexpr qint32 unitFiftiethsOfPercent = 2;
 constexpr qint32 unitTwips = 3;
 
@@ -22,159 +21,6 @@ std::optional<TextLength> lengthOf(qint32 value, qint32 unit)
 }
 
 } // namespace
-
-bool RtfTableReader::apply(const RtfReadWord& word, int depth, Definition definition)
-{
-    if (word.word == RtfWord::Trowd) {
-        const std::size_t inner = std::max<std::size_t>(2, m_levels.size());
-        const std::size_t own = static_cast<std::size_t>(std::max(1, depth));
-        m_definedDepth = std::min(definition == Definition::OfInnerRow ? inner : own, maximumDepth);
-        m_rows[m_definedDepth] = Row();
-        m_cell = Cell();
-        m_border = &m_otherBorder;
-        return true;
-    }
-    if (word.word == RtfWord::Lastrow) {
-        // Within a definition, or behind the cells of the row that is open.
-        m_rows[m_definedDepth].isLast = true;
-        if (!m_levels.empty())
-            m_rows[m_levels.size()].isLast = true;
-        return true;
-    }
-    return applyToRow(word, m_rows[m_definedDepth]) || applyToCell(word);
-}
-
-bool RtfTableReader::applyToRow(const RtfReadWord& word, Row& row)
-{
-    switch (word.word) {
-    case RtfWord::Taflags:
-        row.flags = word.number;
-        return true;
-    case RtfWord::Trgaph:
-        row.gap = word.number;
-        return true;
-    case RtfWord::Trcbpat:
-        row.background = word.number;
-        return true;
-    case RtfWord::TrwWidth:
-        row.width = word.number;
-        return true;
-    case RtfWord::TrftsWidth:
-        row.widthUnit = word.number;
-        return true;
-    case RtfWord::Cellx:
-        m_cell.rightEdge = word.number;
-        if (row.cells.size() < maximumCells)
-            row.cells.push_back(m_cell);
-        m_cell = Cell();
-        m_border = &m_otherBorder;
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool RtfTableReader::applyToCell(const RtfReadWord& word)
-{
-    const auto at = [](TextEdge edge) {
-        return static_cast<std::size_t>(edge);
-    };
-    switch (word.word) {
-    case RtfWord::Clmgf:
-        m_cell.startsColumnMerge = true;
-        return true;
-    case RtfWord::Clmrg:
-        m_cell.continuesColumnMerge = true;
-        return true;
-    case RtfWord::Clvmgf:
-        m_cell.startsRowMerge = true;
-        return true;
-    case RtfWord::Clvmrg:
-        m_cell.continuesRowMerge = true;
-        return true;
-    case RtfWord::Clvertalt:
-        m_cell.alignment = TextVerticalAlignment::Top;
-        return true;
-    case RtfWord::Clvertalc:
-        m_cell.alignment = TextVerticalAlignment::Middle;
-        return true;
-    case RtfWord::Clvertalb:
-        m_cell.alignment = TextVerticalAlignment::Bottom;
-        return true;
-    case RtfWord::Clvertalbl:
-        m_cell.alignment = TextVerticalAlignment::Baseline;
-        return true;
-    case RtfWord::Clshdrawnil:
-        m_cell.background = 0;
-        return true;
-    case RtfWord::Clcbpat:
-        m_cell.background = word.number;
-        return true;
-    case RtfWord::ClwWidth:
-        m_cell.width = word.number;
-        return true;
-    case RtfWord::ClftsWidth:
-        m_cell.widthUnit = word.number;
-        return true;
-    case RtfWord::Clheight:
-        m_cell.height = word.number;
-        return true;
-    case RtfWord::Clmart:
-        m_cell.margin[at(TextEdge::Top)] = word.number;
-        return true;
-    case RtfWord::Clmarl:
-        m_cell.margin[at(TextEdge::Left)] = word.number;
-        return true;
-    case RtfWord::Clmarb:
-        m_cell.margin[at(TextEdge::Bottom)] = word.number;
-        return true;
-    case RtfWord::Clmarr:
-        m_cell.margin[at(TextEdge::Right)] = word.number;
-        return true;
-    case RtfWord::Clpadt:
-        m_cell.padding[at(TextEdge::Top)] = word.number;
-        return true;
-    case RtfWord::Clpadl:
-        m_cell.padding[at(TextEdge::Left)] = word.number;
-        return true;
-    case RtfWord::Clpadb:
-        m_cell.padding[at(TextEdge::Bottom)] = word.number;
-        return true;
-    case RtfWord::Clpadr:
-        m_cell.padding[at(TextEdge::Right)] = word.number;
-        return true;
-    case RtfWord::Clbrdrt:
-        m_border = &m_cell.borders[at(TextEdge::Top)];
-        return true;
-    case RtfWord::Clbrdrl:
-        m_border = &m_cell.borders[at(TextEdge::Left)];
-        return true;
-    case RtfWord::Clbrdrb:
-        m_border = &m_cell.borders[at(TextEdge::Bottom)];
-        return true;
-    case RtfWord::Clbrdrr:
-        m_border = &m_cell.borders[at(TextEdge::Right)];
-        return true;
-    case RtfWord::OtherBorder:
-        m_border = &m_otherBorder;
-        return true;
-    case RtfWord::Brdrs:
-        // A line without a width is half a point wide.
-        m_border->width = 10;
-        return true;
-    case RtfWord::Brdrnil:
-        *m_border = Border();
-        return true;
-    case RtfWord::Brdrw:
-        m_border->width = word.number;
-        return true;
-    case RtfWord::Brdrcf:
-        m_border->color = word.number;
-        return true;
-    default:
-        return false;
-    }
-}
 
 void RtfTableReader::openLevels(int depth)
 {
@@ -227,8 +73,8 @@ bool RtfTableReader::isContinuedCell(int depth) const
     const std::size_t column = number <= m_levels.size() ? m_levels[number - 1].cells.size() : 0;
     const bool hasText = number <= m_levels.size() && m_levels[number - 1].current;
     const std::vector<Cell>& cells = m_rows[number].cells;
-    return !hasText && column < cells.size()
-           && (cells[column].continuesColumnMerge || cells[column].continuesRowMerge);
+    return !hasText && column < cells.size() &&
+           (cells[column].continuesColumnMerge || cells[column].continuesRowMerge);
 }
 
 void RtfTableReader::endCell(int depth)
@@ -259,12 +105,7 @@ void RtfTableReader::finishRow(Level& level, Row& row)
     if (!level.table)
         level.table = std::make_shared<TextTable>();
     TextTable& table = *level.table;
-    if (level.rowCount == 0) {
-        table.collapsesBorders = (row.flags & rtfTableCollapsesBorders) != 0;
-        table.hidesEmptyCells = (row.flags & rtfTableHidesEmptyCells) != 0;
-        table.backgroundColor = m_colors.color(row.background);
-        table.width = lengthOf(row.width, row.widthUnit);
-    }
+    fillTable(table, row, level.rowCount == 0);
     table.columns = std::max(
         {table.columns, static_cast<int>(level.cells.size()), static_cast<int>(row.cells.size())});
     level.above.resize(std::max(level.above.size(), level.cells.size()));
@@ -275,6 +116,25 @@ void RtfTableReader::finishRow(Level& level, Row& row)
     if (row.isLast)
         level = Level();
     row.isLast = false;
+}
+
+void RtfTableReader::fillTable(TextTable& table, const Row& row, bool isFirstRow) const
+{
+    // The bottom edge stands in the last row, and some writers tell all edges in each.
+    for (std::size_t edge = 0; edge < row.borders.size(); ++edge) {
+        const Border& border = row.borders[edge];
+        const std::optional<Color> color = m_colors.color(border.color);
+        if (border.width <= 0 && !color)
+            continue;
+        table.borderWidth[edge] = pointsFromTwips(border.width);
+        table.borderColor[edge] = color;
+    }
+    if (!isFirstRow)
+        return;
+    table.collapsesBorders = (row.flags & rtfTableCollapsesBorders) != 0;
+    table.hidesEmptyCells = (row.flags & rtfTableHidesEmptyCells) != 0;
+    table.backgroundColor = m_colors.color(row.background);
+    table.width = lengthOf(row.width, row.widthUnit);
 }
 
 void RtfTableReader::placeCell(Level& level, const Row& row, std::size_t column)
@@ -310,12 +170,13 @@ void RtfTableReader::fill(TextBlock& block, const Cell& cell, const Row& row, qi
     block.width = lengthOf(cell.width, cell.widthUnit);
     // Cocoa spreads the edges evenly; elsewhere they tell the width.
     if (!block.width && !m_facts.isCocoa && cell.rightEdge > leftEdge)
-        block.width = TextLength{pointsFromTwips(qint64(cell.rightEdge) - leftEdge), TextLength::Unit::Points};
+        block.width = TextLength{pointsFromTwips(qint64(cell.rightEdge) - leftEdge),
+                                 TextLength::Unit::Points};
     if (cell.height > 0)
         block.height = TextLength{pointsFromTwips(cell.height), TextLength::Unit::Points};
     for (std::size_t edge = 0; edge < 4; ++edge) {
-        const bool isSide = edge == static_cast<std::size_t>(TextEdge::Left)
-                            || edge == static_cast<std::size_t>(TextEdge::Right);
+        const bool isSide = edge == static_cast<std::size_t>(TextEdge::Left) ||
+                            edge == static_cast<std::size_t>(TextEdge::Right);
         block.padding[edge] = pointsFromTwips(cell.padding[edge].value_or(isSide ? row.gap : 0));
         block.margin[edge] = pointsFromTwips(cell.margin[edge]);
         block.borderWidth[edge] = pointsFromTwips(cell.borders[edge].width);

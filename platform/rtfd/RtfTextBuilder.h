@@ -11,7 +11,8 @@
 
 namespace platform {
 
-// Builds the text that is read. A paragraph's style is known at its end only, so its runs wait until then.
+// Builds the text that is read. A paragraph's style is known at its end only, so its runs wait
+// until then.
 class RtfTextBuilder {
 public:
     RtfTextBuilder(RtfReadFonts& fonts, const RtfReadColors& colors, const RtfDocumentFacts& facts)
@@ -22,13 +23,13 @@ public:
     }
 
     void append(QStringView text, const RtfReadCharacters& format, const QString& link);
-    void appendAttachment(std::shared_ptr<TextAttachment> attachment, const RtfReadCharacters& format,
-                          const QString& link);
+    void appendAttachment(std::shared_ptr<TextAttachment> attachment,
+                          const RtfReadCharacters& format, const QString& link);
 
     // The paragraph that is open.
     [[nodiscard]] qsizetype paragraphLength() const { return m_paragraph.size(); }
-    // Makes a tab, the marker and a tab of the text from a position on, the way in which a list's marker
-    // stands in text; nothing of a marker without any character.
+    // Makes a tab, the marker and a tab of the text from a position on, the way in which a list's
+    // marker stands in text; nothing of a marker without any character.
     void normaliseMarker(qsizetype start);
     // The style as the text shares it; none for the standard one.
     [[nodiscard]] std::shared_ptr<const ParagraphStyle> sharedStyle(ParagraphStyle style);
@@ -52,8 +53,8 @@ private:
     };
     static constexpr std::size_t rememberedCount = 8;
 
-    [[nodiscard]] std::shared_ptr<const TextAttributes> attributesFor(
-        const Piece& piece, const std::shared_ptr<const ParagraphStyle>& style);
+    [[nodiscard]] std::shared_ptr<const TextAttributes>
+    attributesFor(const Piece& piece, const std::shared_ptr<const ParagraphStyle>& style);
 
     RtfReadFonts& m_fonts;
     const RtfReadColors& m_colors;

@@ -33,18 +33,16 @@ bool isPlain(char16_t character)
     return character < plainCharacters.size() && plainCharacters[character];
 }
 
-void appendHexEscape(QByteArray& out, unsigned char byte)
+void appendHexEscape(RtfOutput& out, unsigned char byte)
 {
     static constexpr char digits[] = "0123456789abcdef";
     const char escape[] = {'\\', '\'', digits[byte >> 4], digits[byte & 15]};
     out.append(escape, sizeof escape);
 }
 
-void appendPlain(QByteArray& out, const char16_t* first, qsizetype count)
+void appendPlain(RtfOutput& out, const char16_t* first, qsizetype count)
 {
-    const qsizetype start = out.size();
-    out.resize(start + count);
-    char* target = out.data() + start;
+    char* const target = out.extend(count);
     for (qsizetype index = 0; index < count; ++index)
         target[index] = static_cast<char>(first[index]);
 }
@@ -57,13 +55,14 @@ unsigned char windowsByte(char16_t character)
     if (character < 0x152 || character > 0x2122)
         return 0;
     const auto* const found = std::find(upperControls.begin(), upperControls.end(), character);
-    return found == upperControls.end() ? 0
-                                        : static_cast<unsigned char>(0x80 + (found - upperControls.begin()));
+    return found == upperControls.end()
+               ? 0
+               : static_cast<unsigned char>(0x80 + (found - upperControls.begin()));
 }
 
-enum class Bullets { AsBytes, AsCodeUnits };
+enum class Use { Text, Marker, Name };
 
-void appendEscaped(QByteArray& out, QStringView text, Bullets bullets)
+void appendEscaped(RtfOutput& out, QStringView text, Use use)
 {
     const char16_t* position = text.utf16();
     const char16_t* const end = position + text.size();
@@ -80,10 +79,10 @@ void appendEscaped(QByteArray& out, QStringView text, Bullets bullets)
         if (character == u'\\' || character == u'{' || character == u'}') {
             const char escape[] = {'\\', static_cast<char>(character)};
             out.append(escape, sizeof escape);
-        } else if (character == u'\f') {
+        } else if (character == u'\f' && use != Use::Name) {
             out.append("\\page \n");
         } else if (const unsigned char byte = windowsByte(character);
-                   character == 0 || (byte != 0 && (character != bullet || bullets == Bullets::AsBytes))) {
+                   character == 0 || (byte != 0 && (character != bullet || use != Use::Marker))) {
             appendHexEscape(out, byte);
         } else {
             if (!hasDroppedSubstitutes)
@@ -97,17 +96,22 @@ void appendEscaped(QByteArray& out, QStringView text, Bullets bullets)
 
 } // namespace
 
-void appendRtfText(QByteArray& out, QStringView text)
+void appendRtfText(RtfOutput& out, QStringView text)
 {
-    appendEscaped(out, text, Bullets::AsBytes);
+    appendEscaped(out, text, Use::Text);
 }
 
-void appendRtfMarker(QByteArray& out, QStringView marker)
+void appendRtfMarker(RtfOutput& out, QStringView marker)
 {
-    appendEscaped(out, marker, Bullets::AsCodeUnits);
+    appendEscaped(out, marker, Use::Marker);
 }
 
-void appendRtfFileName(QByteArray& out, QStringView name)
+void appendRtfName(RtfOutput& out, QStringView name)
+{
+    appendEscaped(out, name, Use::Name);
+}
+
+void appendRtfFileName(RtfOutput& out, QStringView name)
 {
     const QByteArray bytes = name.toUtf8();
     for (const char byte : bytes) {
@@ -121,21 +125,26 @@ void appendRtfFileName(QByteArray& out, QStringView name)
     }
 }
 
-void appendRtfUrl(QByteArray& out, QStringView url)
+void appendRtfUrl(RtfOutput& out, QStringView url)
 {
+    static constexpr char digits[] = "0123456789ABCDEF";
+    constexpr qsizetype longestEscape = 3;
     const QByteArray bytes = url.toUtf8();
+    char* const start = out.extend(bytes.size() * longestEscape);
+    char* target = start;
     for (const char byte : bytes) {
         const auto value = static_cast<unsigned char>(byte);
-        const bool mustEscape = value <= 0x20 || value >= 0x7F || byte == '{' || byte == '}' || byte == '\\'
-                                || byte == '"';
-        if (!mustEscape) {
-            out.append(byte);
-            continue;
+        const bool mustEscape = value <= 0x20 || value >= 0x7F || byte == '{' || byte == '}' ||
+                                byte == '\\' || byte == '"';
+        if (mustEscape) {
+            *target++ = '%';
+            *target++ = digits[value >> 4];
+            *target++ = digits[value & 15];
+        } else {
+            *target++ = byte;
         }
-        static constexpr char digits[] = "0123456789ABCDEF";
-        const char escape[] = {'%', digits[value >> 4], digits[value & 15]};
-        out.append(escape, sizeof escape);
     }
+    out.chop(bytes.size() * longestEscape - (target - start));
 }
 
 } // namespace platform

@@ -19,8 +19,8 @@ bool isDigit(char character)
 
 bool endsText(char character)
 {
-    return character == '\\' || character == '{' || character == '}' || character == '\n' || character == '\r'
-           || character == '\0';
+    return character == '\\' || character == '{' || character == '}' || character == '\n' ||
+           character == '\r' || character == '\0';
 }
 
 // Between tokens these mean nothing.
@@ -108,8 +108,8 @@ RtfToken RtfTokenizer::word()
     m_position = std::find_if_not(m_position, m_end, isLetter);
     token.bytes = QByteArrayView(start, m_position - start);
 
-    const bool isNegative = m_position != m_end && *m_position == '-' && m_position + 1 != m_end
-                            && isDigit(m_position[1]);
+    const bool isNegative = m_position != m_end && *m_position == '-' && m_position + 1 != m_end &&
+                            isDigit(m_position[1]);
     if (isNegative)
         ++m_position;
     qint64 number = 0;
@@ -128,24 +128,6 @@ RtfToken RtfTokenizer::word()
         m_position += count;
     }
     return token;
-}
-
-void RtfTokenizer::skipGroup()
-{
-    for (qint64 depth = 1; depth > 0;) {
-        switch (next().kind) {
-        case RtfToken::Kind::GroupOpen:
-            ++depth;
-            break;
-        case RtfToken::Kind::GroupClose:
-            --depth;
-            break;
-        case RtfToken::Kind::End:
-            return;
-        default:
-            break;
-        }
-    }
 }
 
 } // namespace platform

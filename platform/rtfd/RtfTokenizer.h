@@ -22,11 +22,14 @@ struct RtfToken {
     bool hasNumber = false;
     qint32 number = 0;
 
-    [[nodiscard]] bool isWord(QByteArrayView name) const { return kind == Kind::Word && bytes == name; }
+    [[nodiscard]] bool isWord(QByteArrayView name) const
+    {
+        return kind == Kind::Word && bytes == name;
+    }
 };
 
-// Splits rich text. Any bytes are taken: what is no escape is text, and the end of the bytes ends the last
-// token. Numbers beyond 32 bits are brought to the nearest that fits.
+// Splits rich text. Any bytes are taken: what is no escape is text, and the end of the bytes ends
+// the last token. Numbers beyond 32 bits are brought to the nearest that fits.
 class RtfTokenizer {
 public:
     explicit RtfTokenizer(QByteArrayView bytes)
@@ -36,9 +39,6 @@ public:
     }
 
     [[nodiscard]] RtfToken next();
-
-    // Reads on to the end of the group that the last opening brace began, and past it.
-    void skipGroup();
 
 private:
     [[nodiscard]] RtfToken escape();

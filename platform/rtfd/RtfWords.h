@@ -5,8 +5,8 @@
 
 namespace platform {
 
-// The control words that the reader knows. Words that mean the same here share a value: all dashed and wavy
-// underlines are Ul, all groups whose text is no part of the document are Skipped.
+// The control words that the reader knows. Words that mean the same here share a value: all dashed
+// and wavy underlines are Ul, all groups whose text is no part of the document are Skipped.
 enum class RtfWord {
     Unknown,
     // Character formats.
@@ -81,6 +81,10 @@ enum class RtfWord {
     Taflags,
     Trgaph,
     Trcbpat,
+    Trbrdrt,
+    Trbrdrl,
+    Trbrdrb,
+    Trbrdrr,
     TrwWidth,
     TrftsWidth,
     Clmgf,

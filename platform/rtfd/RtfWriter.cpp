@@ -13,16 +13,17 @@ QByteArray wholeDocument(const AttributedString& text, const DocumentAttributes&
 {
     RtfBodyWriter writer(text, nameOf);
     writer.write();
-    const QByteArray header = rtfHeader(writer.fonts(), writer.colors(), writer.lists(), attributes);
+    const RtfOutput header = rtfHeader(writer.fonts(), writer.colors(), writer.lists(), attributes);
     QByteArray document;
     document.reserve(header.size() + writer.body().size() + 1);
-    document.append(header).append(writer.body()).append('}');
+    document.append(header.view()).append(writer.body()).append('}');
     return document;
 }
 
 } // namespace
 
-QByteArray rtfFromAttributedString(const AttributedString& text, const DocumentAttributes& attributes)
+QByteArray rtfFromAttributedString(const AttributedString& text,
+                                   const DocumentAttributes& attributes)
 {
     return wholeDocument(text, attributes, {});
 }

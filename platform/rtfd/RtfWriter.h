@@ -18,7 +18,8 @@ namespace platform {
 using RtfAttachmentNamer = std::function<QString(const TextAttachment& attachment)>;
 
 // The rich text of a package.
-[[nodiscard]] QByteArray rtfWithAttachments(const AttributedString& text, const DocumentAttributes& attributes,
+[[nodiscard]] QByteArray rtfWithAttachments(const AttributedString& text,
+                                            const DocumentAttributes& attributes,
                                             const RtfAttachmentNamer& nameOf);
 
 } // namespace platform

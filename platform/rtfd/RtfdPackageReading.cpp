@@ -17,7 +17,8 @@ QString comparedForm(const QString& name)
     return name.normalized(QString::NormalizationForm_D).toCaseFolded();
 }
 
-// Finds a package's files by the names in its text, which may be composed otherwise than those on disk.
+// Finds a package's files by the names in its text, which may be composed otherwise than those on
+// disk.
 class PackageChildren {
 public:
     explicit PackageChildren(const FileWrapper& package)
@@ -44,16 +45,17 @@ private:
 Error unreadable()
 {
     return {cocoaErrorDomain, FileReadCorruptFileError,
-                 localizedString("The file isn’t in the correct format.")};
+            localizedString("The file isn’t in the correct format.")};
 }
 
 } // namespace
 
-std::optional<AttributedString> attributedStringFromRtfd(const FileWrapper& package,
-                                                         DocumentAttributes* attributes, Error* error)
+std::optional<AttributedString>
+attributedStringFromRtfd(const FileWrapper& package, DocumentAttributes* attributes, Error* error)
 {
     PackageChildren children(package);
-    const FileWrapper::Pointer text = package.isDirectory() ? children.file(rtfdTextFilename) : nullptr;
+    const FileWrapper::Pointer text =
+        package.isDirectory() ? children.file(rtfdTextFilename) : nullptr;
     if (!text || !text->isRegularFile()) {
         setError(error, unreadable());
         return std::nullopt;
@@ -70,8 +72,8 @@ std::optional<AttributedString> attributedStringFromRtfd(const FileWrapper& pack
     return attributedStringFromRtf(rtf, attachmentFor, attributes, error);
 }
 
-std::optional<AttributedString> attributedStringFromRtfd(const QString& path, DocumentAttributes* attributes,
-                                                         Error* error)
+std::optional<AttributedString>
+attributedStringFromRtfd(const QString& path, DocumentAttributes* attributes, Error* error)
 {
     const FileWrapper::Pointer package = FileWrapper::read(path, error);
     return package ? attributedStringFromRtfd(*package, attributes, error) : std::nullopt;

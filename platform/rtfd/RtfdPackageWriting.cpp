@@ -25,7 +25,8 @@ public:
     {
         const FileWrapper::Pointer& file = attachment.fileWrapper();
         const void* identity = file ? static_cast<const void*>(file.get()) : &attachment;
-        if (const auto known = m_nameByIdentity.constFind(identity); known != m_nameByIdentity.cend())
+        if (const auto known = m_nameByIdentity.constFind(identity);
+            known != m_nameByIdentity.cend())
             return *known;
         QString name = m_names.uniqueName(file ? file->preferredFilename() : QString());
         if (file)
@@ -52,16 +53,18 @@ private:
 } // namespace
 
 FileWrapper::Pointer rtfdFileWrapper(const AttributedString& text, TextRange range,
-                                     const DocumentAttributes& attributes, const QStringList& reservedNames,
-                                     Error*)
+                                     const DocumentAttributes& attributes,
+                                     const QStringList& reservedNames, Error*)
 {
     const bool isWhole = range == TextRange{0, text.length()};
     const AttributedString written = isWhole ? text : text.substring(range);
 
     FileWrapper::Pointer package = FileWrapper::directory();
     PackageFiles files(*package, reservedNames);
-    const QByteArray rtf = rtfWithAttachments(
-        written, attributes, [&files](const TextAttachment& attachment) { return files.nameOf(attachment); });
+    const QByteArray rtf =
+        rtfWithAttachments(written, attributes, [&files](const TextAttachment& attachment) {
+            return files.nameOf(attachment);
+        });
     package->addFileWrapper(FileWrapper::regularFile(rtf, rtfdTextFilename));
     return package;
 }

@@ -5,4 +5,9 @@ namespace platform {
 
 QuilleryApplication::~QuilleryApplication() = default;
 
+std::optional<Error> QuilleryApplication::lastError()
+{
+    return std::nullopt;
+}
+
 } // namespace platform

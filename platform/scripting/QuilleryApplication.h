@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace platform {
 
 // The notes application that receives an import, as its scripting interface offers it.
@@ -31,6 +33,10 @@ public:
                                            int withRating, const QString& withComments, int withLabel,
                                            const QStringList& withTags, Error* error = nullptr)
         = 0;
+
+    // Why the last thing that it was asked for got no answer, or an empty one in its place; none when it got
+    // one.
+    [[nodiscard]] virtual std::optional<Error> lastError();
 };
 
 } // namespace platform

@@ -132,7 +132,8 @@ bool QuilleryLibraryFolder::finishInterruptedImports(Error* error)
 {
     m_lastImportedFolders.clear();
     m_lastFailedItems.clear();
-    if (!QFileInfo(m_directory).isDir())
+    // With nothing to finish there is no need to wait for another program's import.
+    if (ImportStaging::namesIn(m_directory).isEmpty())
         return true;
     const LibraryLock lock(m_directory);
     return importLocked({}, error);

@@ -88,7 +88,8 @@ QMimeType systemMimeType(const DynamicType& type)
         return database.mimeTypeForName(type.value);
     const QMimeType found =
         database.mimeTypeForFile(QStringLiteral("x.") + type.value, QMimeDatabase::MatchExtension);
-    return found.isDefault() ? QMimeType() : found;
+    // The database also looks at what follows a later dot, and at names such as "x.txt~".
+    return found.suffixes().contains(type.value) ? found : QMimeType();
 }
 
 } // namespace

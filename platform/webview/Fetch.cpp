@@ -102,7 +102,9 @@ void Fetch::finish()
     if (!receiver)
         return;
     cancel();
-    receiver->fetchFinished(std::exchange(m_body, {}));
+    // An empty body is data all the same.
+    QByteArray body = std::exchange(m_body, {});
+    receiver->fetchFinished(body.isNull() ? QByteArray("") : body);
 }
 
 void Fetch::fail(const Error& error)

@@ -115,6 +115,8 @@ void FrameLoad::redirected(const QString& address)
     m_dataSource->m_request = URLRequest(urlOfAddress(address));
     if (WebFrameLoadDelegate* receiver = delegate())
         receiver->webViewDidReceiveServerRedirectForProvisionalLoadForFrame(m_page.view(), m_frame);
+    if (!m_page.isStopped() && m_parent && m_parent->wouldContainItself(address))
+        fail(urlError(UrlErrorRedirectToNonExistentLocation));
 }
 
 void FrameLoad::responded(const URLResponse& response)
@@ -238,6 +240,7 @@ void FrameLoad::endWhenComplete()
     }
     m_state = State::Ended;
     m_dataSource->m_subresources = m_resources->received();
+    m_dataSource->m_displacedResources = m_resources->displaced();
     m_dataSource->m_loading = false;
     if (WebFrameLoadDelegate* receiver = delegate())
         receiver->webViewDidFinishLoadForFrame(m_page.view(), m_frame);
@@ -251,6 +254,7 @@ void FrameLoad::fail(const Error& error)
     const bool wasCommitted = m_state == State::Committed;
     m_state = State::Ended;
     m_dataSource->m_loading = false;
+    m_dataSource->m_failed = true;
     m_frame.m_provisional.reset();
     if (m_transfer)
         m_transfer->cancel();

@@ -49,7 +49,7 @@ void FrameResources::add(const PageReference& reference)
 }
 
 void FrameResources::refer(Index parent, const FetchRequest& request, const PageReference& reference,
-                           const QString& origin)
+                           const QString& origin, const QString& text)
 {
     if (!m_page.takeReference())
         return;
@@ -57,8 +57,8 @@ void FrameResources::refer(Index parent, const FetchRequest& request, const Page
     const auto known = m_byAddress.constFind(request.address);
     if (known != m_byAddress.cend()) {
         const Index index = *known;
-        if (references(parent).isEmpty() || references(parent).last() != index)
-            references(parent) += index;
+        if (references(parent).isEmpty() || references(parent).last().node != index)
+            references(parent) += Reference{index, text};
         Node& node = m_nodes[size_t(index)];
         const bool appliesNow = isSheet && reference.applies && !node.applies;
         if (isSheet && (!node.isSheet || appliesNow)) {
@@ -82,7 +82,7 @@ void FrameResources::refer(Index parent, const FetchRequest& request, const Page
         reference.kind == PageReference::Kind::Image || reference.kind == PageReference::Kind::Icon;
     m_nodes.push_back(std::move(node));
     m_byAddress.insert(request.address, index);
-    references(parent) += index;
+    references(parent) += Reference{index, text};
     ++m_pending;
     m_nodes.back().isShared = m_page.hasResource(request.address);
     const std::shared_ptr<ResourceLoad> load = m_page.resource(request, m_dataSource);
@@ -148,7 +148,7 @@ void FrameResources::addStyleText(const PageReference& reference)
     const Index index = Index(m_nodes.size());
     m_nodes.emplace_back();
     m_nodes.back().origin = m_origin;
-    m_roots += index;
+    m_roots += Reference{index, {}};
     addScanner(index, std::move(scanner));
 }
 
@@ -198,7 +198,7 @@ void FrameResources::referStyle(Index parent, const StyleReference& style, const
     reference.applies = style.applies;
     const bool isFont = style.kind == StyleReference::Kind::Font;
     refer(parent, {style.address, referrer, isFont ? QByteArray("*/*") : acceptHeader(reference.kind)},
-          reference, origin);
+          reference, origin, style.text);
 }
 
 void FrameResources::reportIdle()
@@ -211,22 +211,59 @@ QList<WebResource> FrameResources::received() const
 {
     QList<WebResource> result;
     QSet<Index> seen;
-    QList<Index> waiting(m_roots.crbegin(), m_roots.crend());
+    QList<Reference> waiting(m_roots.crbegin(), m_roots.crend());
     while (!waiting.isEmpty()) {
-        const Index index = waiting.takeLast();
+        const Index index = waiting.takeLast().node;
         if (seen.contains(index))
             continue;
         seen.insert(index);
         const Node& node = m_nodes[size_t(index)];
-        if (node.usable && !isDataAddress(node.address)) {
-            const URLResponse& response = node.load->response();
-            result += WebResource(node.address, node.load->body(), response.mimeType(),
-                                  response.textEncodingName());
-        }
+        if (node.usable && !isDataAddress(node.address))
+            result += resourceAt(node.address, node);
         for (auto child = node.children.crbegin(); child != node.children.crend(); ++child)
             waiting += *child;
     }
     return result;
+}
+
+QList<WebResource> FrameResources::displaced()
+{
+    QList<WebResource> result;
+    // Sheets and where a reader takes them to be.
+    std::vector<std::pair<Index, QString>> sheets;
+    for (const Node& node : m_nodes) {
+        if (node.usable && node.isSheet && node.load->response().absoluteString() != node.address)
+            sheets.emplace_back(Index(&node - m_nodes.data()), node.address);
+    }
+    QSet<QString> added;
+    while (!sheets.empty() && result.size() < m_page.limits().resources) {
+        const auto [index, base] = sheets.back();
+        sheets.pop_back();
+        for (const Reference& reference : std::as_const(m_nodes[size_t(index)].children)) {
+            const Node& node = m_nodes[size_t(reference.node)];
+            const QString address = absoluteAddress(reference.text, base);
+            if (!node.usable || address.isEmpty() || isReceived(address) || added.contains(address)
+                || !m_page.takeBytes(node.load->body().size()))
+                continue;
+            added.insert(address);
+            result += resourceAt(address, node);
+            if (node.isSheet)
+                sheets.emplace_back(reference.node, address);
+        }
+    }
+    return result;
+}
+
+bool FrameResources::isReceived(const QString& address) const
+{
+    const auto known = m_byAddress.constFind(address);
+    return isDataAddress(address) || (known != m_byAddress.cend() && m_nodes[size_t(*known)].usable);
+}
+
+WebResource FrameResources::resourceAt(const QString& address, const Node& node)
+{
+    const URLResponse& response = node.load->response();
+    return WebResource(address, node.load->body(), response.mimeType(), response.textEncodingName());
 }
 
 } // namespace platform

@@ -32,15 +32,26 @@ public:
     // What was received, in the document's order, each once.
     [[nodiscard]] QList<WebResource> received() const;
 
+    // The same resources where a reader of the archive looks for them at another address: it takes what
+    // a redirected style sheet refers to as relative to the address that asks for the sheet. They count
+    // against the page's limits.
+    [[nodiscard]] QList<WebResource> displaced();
+
 private:
     using Index = int;
+
+    struct Reference {
+        Index node;
+        // As a style sheet writes it.
+        QString text;
+    };
 
     // A resource, or a text of styles in the document (without an address).
     struct Node {
         QString address;
         std::shared_ptr<ResourceLoad> load;
         // The resources that it refers to, in order.
-        QList<Index> children;
+        QList<Reference> children;
         std::unique_ptr<StyleScanner> scanner;
         // What its references are judged by.
         QString origin;
@@ -55,7 +66,7 @@ private:
 
     // Adds the resource to the parent's references (to the document's, for -1) and loads it if that is new.
     void refer(Index parent, const FetchRequest& request, const PageReference& reference,
-               const QString& origin);
+               const QString& origin, const QString& text = {});
     void referStyle(Index parent, const StyleReference& style, const QString& origin,
                     const QString& referrer);
     void ended(Index index);
@@ -64,7 +75,12 @@ private:
     void addScanner(Index index, std::unique_ptr<StyleScanner> scanner);
     void scanStep();
     void reportIdle();
-    QList<Index>& references(Index parent) { return parent < 0 ? m_roots : m_nodes[size_t(parent)].children; }
+    QList<Reference>& references(Index parent)
+    {
+        return parent < 0 ? m_roots : m_nodes[size_t(parent)].children;
+    }
+    [[nodiscard]] bool isReceived(const QString& address) const;
+    [[nodiscard]] static WebResource resourceAt(const QString& address, const Node& node);
 
     PageLoad& m_page;
     std::shared_ptr<WebDataSource> m_dataSource;
@@ -72,7 +88,7 @@ private:
     QString m_encoding;
     std::vector<Node> m_nodes;
     QHash<QString, Index> m_byAddress;
-    QList<Index> m_roots;
+    QList<Reference> m_roots;
     // Nodes whose styles are being read.
     QList<Index> m_scanning;
     int m_pending = 0;

@@ -17,6 +17,7 @@ namespace {
 
 // Bounds what is decompressed ahead of us.
 constexpr qint64 readBufferBytes = 1 << 20;
+constexpr qint64 pieceBytes = 1 << 20;
 
 int statusCode(const QNetworkReply& reply)
 {
@@ -155,8 +156,14 @@ void HttpFetch::headersArrived()
 {
     keepAlive();
     const int status = statusCode(*m_reply);
-    if (m_responded || status < 200 || !location().isEmpty())
+    if (m_responded || status < 200)
         return;
+    if (!location().isEmpty()) {
+        // What follows the header may have no end. Where nothing does, the connection is kept.
+        if (m_reply->rawHeader("Content-Length").trimmed() != "0")
+            redirect();
+        return;
+    }
     URLResponse answer = response();
     if ((status == 401 || status == 407) && !std::exchange(m_challenged, true)) {
         observer()->fetchChallenged(answer);
@@ -177,10 +184,19 @@ void HttpFetch::headersArrived()
 void HttpFetch::bytesArrived()
 {
     keepAlive();
-    const QByteArray bytes = m_reply->readAll();
-    if (!location().isEmpty())
-        return;
-    if (!m_responded && !bytes.isEmpty()) {
+    // In pieces, since a few bytes may unpack to more than any limit allows.
+    while (m_reply && m_reply->bytesAvailable() > 0) {
+        const QByteArray piece = m_reply->read(pieceBytes);
+        if (piece.isEmpty())
+            return;
+        if (location().isEmpty())
+            take(piece);
+    }
+}
+
+void HttpFetch::take(const QByteArray& bytes)
+{
+    if (!m_responded) {
         m_responded = true;
         URLResponse answer = response();
         if (answer.mimeType().isEmpty())
@@ -203,8 +219,7 @@ void HttpFetch::replyFinished()
         redirect();
         return;
     }
-    while (m_reply && m_reply->bytesAvailable() > 0)
-        bytesArrived();
+    bytesArrived();
     if (!observer())
         return;
     if (!m_responded) {

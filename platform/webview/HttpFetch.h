@@ -23,6 +23,7 @@ private:
     void send(const QString& address);
     void headersArrived();
     void bytesArrived();
+    void take(const QByteArray& bytes);
     void replyFinished();
     void redirect();
     void dropReply();

@@ -63,6 +63,8 @@ UrlErrorCode codeForTransfer(QNetworkReply::NetworkError error)
     case QNetworkReply::ConnectionRefusedError:
         return UrlErrorCannotConnectToHost;
     case QNetworkReply::RemoteHostClosedError:
+    // Nobody here: what we cancel reports nothing.
+    case QNetworkReply::OperationCanceledError:
     case QNetworkReply::TemporaryNetworkFailureError:
     case QNetworkReply::NetworkSessionFailedError:
         return UrlErrorNetworkConnectionLost;
@@ -70,8 +72,6 @@ UrlErrorCode codeForTransfer(QNetworkReply::NetworkError error)
         return UrlErrorCannotFindHost;
     case QNetworkReply::TimeoutError:
         return UrlErrorTimedOut;
-    case QNetworkReply::OperationCanceledError:
-        return UrlErrorCancelled;
     case QNetworkReply::SslHandshakeFailedError:
         return UrlErrorSecureConnectionFailed;
     case QNetworkReply::UnknownNetworkError:

@@ -119,13 +119,7 @@ bool MarkupTokenizer::readDeclaration()
         } else if (m_markup.sliced(m_position).startsWith("->")) {
             m_position += 2;
         } else {
-            const qsizetype usual = m_markup.indexOf("-->", m_position);
-            const qsizetype searched = usual < 0 ? m_markup.size() : usual;
-            const qsizetype odd = m_markup.first(searched).indexOf("--!>", m_position);
-            if (odd >= 0)
-                m_position = odd + 4;
-            else
-                m_position = usual < 0 ? m_markup.size() : usual + 3;
+            skipComment();
         }
         return false;
     }
@@ -145,6 +139,21 @@ bool MarkupTokenizer::readDeclaration()
         m_position = subset, skipPast("]");
     skipPast(">");
     return false;
+}
+
+// From within it. Either end, "-->" or "--!>", is looked for from one pair of hyphens to the next: a
+// search for one of them through the rest of the page would be repeated for each comment.
+void MarkupTokenizer::skipComment()
+{
+    qsizetype hyphens = m_markup.indexOf("--", m_position);
+    for (; hyphens >= 0; hyphens = m_markup.indexOf("--", hyphens + 1)) {
+        const qsizetype end = hyphens + (at(hyphens + 2) == '!' ? 3 : 2);
+        if (at(end) == '>') {
+            m_position = end + 1;
+            return;
+        }
+    }
+    m_position = m_markup.size();
 }
 
 bool MarkupTokenizer::readTag()

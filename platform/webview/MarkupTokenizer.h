@@ -10,9 +10,10 @@ namespace platform {
 
 // Cuts UTF-8 markup into tags and text, by the rules by which browsers cut HTML, or XML.
 //
-// There is no tree and no stack of open elements, so depth costs nothing and every page takes time in
-// proportion to its length. A tree parser was measured against it: libxml2's takes 1 s for a page of
-// 260 KB that opens 20,000 elements and closes 40,000 others, and four times that for each doubling.
+// There is no tree and no stack of open elements, so depth costs nothing and every page takes time
+// in proportion to its length. A tree parser was measured against it: libxml2's takes 1 s for a
+// page of 260 KB that opens 20,000 elements and closes 40,000 others, and four times that for each
+// doubling.
 //
 // The markup must outlive the tokenizer; names, values and text are views of it.
 class MarkupTokenizer {
@@ -27,7 +28,8 @@ public:
     // Of a tag; lower case in HTML, with any prefix in XML.
     [[nodiscard]] const QByteArray& name() const { return m_name; }
     [[nodiscard]] bool isSelfClosing() const { return m_selfClosing; }
-    // Of a start tag, with references resolved; a null text where there is none. The first of several counts.
+    // Of a start tag, with references resolved; a null text where there is none. The first of
+    // several counts.
     [[nodiscard]] QString attribute(const char* name) const;
     [[nodiscard]] bool hasAttribute(const char* name) const { return find(name) != nullptr; }
     // As written.
@@ -52,6 +54,7 @@ private:
     bool readTag();
     void readAttributes();
     void skipSpace();
+    void skipComment();
     void skipPast(QByteArrayView end);
     [[nodiscard]] const Attribute* find(const char* name) const;
     [[nodiscard]] char at(qsizetype position) const

@@ -250,9 +250,10 @@ void StyleScanner::add(StyleReference::Kind kind, const QByteArray& reference, b
     // What carries its data itself is not loaded, and may be long.
     if (kind != StyleReference::Kind::Sheet && qstrnicmp(reference.constData(), "data:", 5) == 0)
         return;
-    const QString address = absoluteAddress(QString::fromUtf8(reference), m_base);
+    const QString text = QString::fromUtf8(reference);
+    const QString address = absoluteAddress(text, m_base);
     if (!address.isEmpty())
-        m_found += StyleReference{kind, address, applies};
+        m_found += StyleReference{kind, address, applies, text};
 }
 
 } // namespace platform

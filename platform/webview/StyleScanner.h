@@ -17,6 +17,8 @@ struct StyleReference {
     QString address;
     // Of a sheet: its own references count, because its media match.
     bool applies = true;
+    // As it is written.
+    QString text;
 };
 
 // Finds what UTF-8 style text refers to: @import, url(), image-set() and the one source of each @font-face

@@ -34,8 +34,13 @@ public:
     // Each resource that the document and its style sheets show and that was received, once, in the
     // document's order: what a style sheet refers to follows the sheet. Complete once the frame has ended.
     [[nodiscard]] const QList<WebResource>& subresources() const { return m_subresources; }
+    // Some of them again, under addresses at which nothing was received but where a reader of the
+    // document's archive looks for them.
+    [[nodiscard]] const QList<WebResource>& displacedResources() const { return m_displacedResources; }
 
     [[nodiscard]] bool isLoading() const { return m_loading; }
+    // The load broke off; what came before that is no whole document.
+    [[nodiscard]] bool hasFailed() const { return m_failed; }
 
 private:
     friend class FrameLoad;
@@ -50,7 +55,9 @@ private:
     QString m_textEncodingName;
     QString m_pageTitle;
     QList<WebResource> m_subresources;
+    QList<WebResource> m_displacedResources;
     bool m_loading = true;
+    bool m_failed = false;
 };
 
 } // namespace platform

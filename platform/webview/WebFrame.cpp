@@ -62,10 +62,11 @@ std::optional<WebArchive> WebFrame::webArchive() const
     // Frames nest no deeper than the view's limits allow.
     for (const std::unique_ptr<WebFrame>& child : m_children) {
         const std::optional<WebArchive> archive = child->webArchive();
-        if (archive)
+        if (archive && !child->m_dataSource->hasFailed())
             frames += *archive;
     }
-    return WebArchive(m_dataSource->mainResource(), m_dataSource->subresources(), frames);
+    return WebArchive(m_dataSource->mainResource(),
+                      m_dataSource->subresources() + m_dataSource->displacedResources(), frames);
 }
 
 WebFrame& WebFrame::appendChild(const FrameElement& element, const QString& name)

@@ -42,7 +42,8 @@ public:
     // and "_top". Null when there is none.
     [[nodiscard]] WebFrame* findFrameNamed(const QString& name);
 
-    // The archive of the document that the frame shows, frames within it included; none when it shows none.
+    // The archive of the document that the frame shows and of the frames within it that did not fail;
+    // none when it shows none.
     [[nodiscard]] std::optional<WebArchive> webArchive() const;
 
 private:

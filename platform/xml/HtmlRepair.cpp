@@ -4,6 +4,7 @@
 #include "platform/core/LocalizedStrings.h"
 #include "platform/xml/RepairSource.h"
 #include "platform/xml/StrictReader.h"
+#include "platform/xml/TagAttributes.h"
 #include "platform/xml/XMLLibrary.h"
 #include "platform/xml/XMLParserError.h"
 #include "platform/xml/XMLSerializer.h"
@@ -17,6 +18,10 @@
 namespace platform {
 
 namespace {
+
+// Of one tag. More than a well-formed one may have, because a "<" in plain text makes attributes of
+// the words behind it.
+constexpr int maximumAttributes = 5000;
 
 bool isNamed(const xmlNode* node, const char* name)
 {
@@ -237,7 +242,8 @@ std::shared_ptr<XMLTree> HtmlRepair::repair(Error* error)
     if (m_source.firstElement.isEmpty() && !m_source.hasText)
         return refuse(XMLParserErrorCode::DocumentEmpty,
                       localizedString("The document has no content."));
-    if (m_source.markup.size() > std::numeric_limits<int>::max())
+    if (m_source.markup.size() > std::numeric_limits<int>::max() ||
+        mayHaveMoreAttributes(m_source.markup, TagGrammar::Html, maximumAttributes))
         return refuse(XMLParserErrorCode::LimitExceeded,
                       localizedString("The document, or a tag in it, is too large."));
     xmlDoc* document = parse();

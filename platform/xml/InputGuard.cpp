@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/xml/InputGuard.h"
 
+#include <QByteArrayView>
+
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace platform {
@@ -67,6 +70,9 @@ InputGuard::Passed InputGuard::pass(const char* input, qsizetype inputLength, ch
         case State::Markup:
             passMarkup(cursor);
             break;
+        case State::Declaration:
+            passDeclaration(cursor);
+            break;
         case State::Tag:
             passTag(cursor);
             break;
@@ -84,6 +90,33 @@ InputGuard::Passed InputGuard::pass(const char* input, qsizetype inputLength, ch
     return {cursor.input - input, cursor.output - output};
 }
 
+void InputGuard::watchUtf16(const char* input, qsizetype inputLength, ByteOrder order)
+{
+    // Stands for any character that means nothing to markup.
+    constexpr char other = '\x80';
+    std::array<char, 4096> ascii;
+    std::array<char, ascii.size()> unused;
+    std::size_t count = 0;
+    const auto look = [&] {
+        static_cast<void>(pass(ascii.data(), qsizetype(count), unused.data(),
+                               qsizetype(unused.size()), LongCData::LeaveWhole));
+        count = 0;
+    };
+    for (const char byte : QByteArrayView(input, inputLength)) {
+        if (!m_halfUnit) {
+            m_halfUnit = byte;
+            continue;
+        }
+        const char high = order == ByteOrder::BigEndian ? *m_halfUnit : byte;
+        const char low = order == ByteOrder::BigEndian ? byte : *m_halfUnit;
+        m_halfUnit.reset();
+        ascii[count++] = high == 0 && static_cast<unsigned char>(low) < 0x80 ? low : other;
+        if (count == ascii.size())
+            look();
+    }
+    look();
+}
+
 void InputGuard::passText(Cursor& cursor)
 {
     cursor.passBefore('<', cursor.room());
@@ -97,8 +130,14 @@ void InputGuard::passText(Cursor& cursor)
 void InputGuard::passMarkup(Cursor& cursor)
 {
     const char byte = *cursor.input;
-    if (m_matched == 1)
+    if (m_matched == 1) {
+        if (byte != '-' && byte != '[') {
+            m_state = State::Declaration;
+            m_quote = 0;
+            return;
+        }
         m_opening = byte == '-' ? commentOpening : cDataOpening;
+    }
     if (byte == (m_matched == 0 ? '!' : m_opening[m_matched])) {
         cursor.passByte();
         ++m_matched;
@@ -120,6 +159,34 @@ void InputGuard::passMarkup(Cursor& cursor)
         m_state = State::Instruction;
     } else {
         m_state = startsName(static_cast<unsigned char>(byte)) ? State::Tag : State::Text;
+    }
+}
+
+// A declaration's literals may hold what looks like markup. The subset in a DOCTYPE's brackets is
+// read like text and has declarations of its own.
+void InputGuard::passDeclaration(Cursor& cursor)
+{
+    while (!cursor.isDone()) {
+        if (m_quote) {
+            cursor.passBefore(m_quote, cursor.room());
+            if (cursor.isDone())
+                return;
+            cursor.passByte();
+            m_quote = 0;
+            continue;
+        }
+        const char byte = *cursor.input;
+        if (byte == '<') {
+            m_state = State::Text;
+            return;
+        }
+        cursor.passByte();
+        if (byte == '"' || byte == '\'') {
+            m_quote = byte;
+        } else if (byte == '>' || byte == '[') {
+            m_state = State::Text;
+            return;
+        }
     }
 }
 

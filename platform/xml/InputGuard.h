@@ -3,6 +3,7 @@
 
 #include <QtGlobal>
 
+#include <optional>
 #include <string_view>
 
 namespace platform {
@@ -11,7 +12,9 @@ namespace platform {
 // and compares each attribute of a tag with every other. Long CDATA sections are cut into several,
 // which means the same; a tag with too many attributes is found before the library sees its end.
 //
-// Follows just enough of XML's grammar, in any encoding that leaves ASCII alone.
+// Follows just enough of the grammar of a well-formed document, in any encoding that leaves markup
+// alone (see DocumentForm); what comes after a document's first error the library must not be
+// given.
 class InputGuard {
 public:
     static constexpr qsizetype maximumAttributes = 1000;
@@ -33,14 +36,19 @@ public:
     Passed pass(const char* input, qsizetype inputLength, char* output, qsizetype outputLength,
                 LongCData longCData);
 
+    enum class ByteOrder { BigEndian, LittleEndian };
+    // Looks at a text in UTF-16, which may end within a character; nothing of it can be cut.
+    void watchUtf16(const char* input, qsizetype inputLength, ByteOrder order);
+
     [[nodiscard]] bool foundTooManyAttributes() const { return m_attributes > maximumAttributes; }
 
 private:
-    enum class State { Text, Markup, Tag, CData, Comment, Instruction };
+    enum class State { Text, Markup, Declaration, Tag, CData, Comment, Instruction };
 
     struct Cursor;
     void passText(Cursor& cursor);
     void passMarkup(Cursor& cursor);
+    void passDeclaration(Cursor& cursor);
     void passTag(Cursor& cursor);
     void passCData(Cursor& cursor, LongCData longCData);
     void passUntil(Cursor& cursor, char repeated, std::size_t times);
@@ -57,6 +65,8 @@ private:
     char m_last = 0;
     qsizetype m_attributes = 0;
     qsizetype m_cDataLength = 0;
+    // The first byte of a UTF-16 unit of which the second is still to come.
+    std::optional<char> m_halfUnit;
 };
 
 } // namespace platform

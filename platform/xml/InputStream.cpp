@@ -33,7 +33,8 @@ public:
     bool open(Error* error) override
     {
         // Without waiting: a pipe that nobody writes to would hold the opening up for ever.
-        m_descriptor = ::open(QFile::encodeName(m_path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+        m_descriptor =
+            ::open(QFile::encodeName(m_path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
         struct stat status = {};
         if (m_descriptor >= 0 && ::fstat(m_descriptor, &status) == 0 && !S_ISREG(status.st_mode)) {
             ::close(m_descriptor);

@@ -80,9 +80,10 @@ qsizetype endOfProlog(const QByteArray& source, qsizetype position)
         return end < 0 ? source.size() : end + 3;
     }
     qsizetype end = source.indexOf('>', position);
-    const qsizetype subset = source.indexOf('[', position);
-    if (rest.startsWith("<!") && subset >= 0 && subset < end) {
-        const qsizetype closing = source.indexOf(']', subset);
+    // Not looked for beyond the end, as often as there are ends.
+    const qsizetype subset = rest.first(std::max<qsizetype>(end - position, 0)).indexOf('[');
+    if (rest.startsWith("<!") && subset >= 0) {
+        const qsizetype closing = source.indexOf(']', position + subset);
         end = closing < 0 ? -1 : source.indexOf('>', closing);
     }
     return end < 0 ? source.size() : end + 1;

@@ -2,21 +2,64 @@
 #include "platform/xml/StrictReader.h"
 
 #include "platform/core/LocalizedStrings.h"
+#include "platform/xml/DocumentForm.h"
 #include "platform/xml/InputGuard.h"
+#include "platform/xml/TagAttributes.h"
 #include "platform/xml/XMLLibrary.h"
 #include "platform/xml/XMLParserError.h"
 
+#include <QRegularExpression>
+#include <QStringDecoder>
+
 #include <libxml/SAX2.h>
 
-#include <array>
 #include <limits>
 
 namespace platform {
 
 namespace {
 
-// Below this size the attributes of one tag cannot keep the library busy for long.
-constexpr qsizetype guardedSize = 64 * 1024;
+// Of one tag; as many as a file may have.
+constexpr int maximumAttributes = int(InputGuard::maximumAttributes);
+
+// Were all of it one tag, its attributes would keep nobody busy for long.
+constexpr qsizetype harmlessSize = 16 * 1024;
+
+Error tooLarge()
+{
+    return xmlParserError(XMLParserErrorCode::LimitExceeded,
+                          localizedString("The document, or a tag in it, is too large."));
+}
+
+// The encodings that the declaration names; a malformed one may name several.
+QByteArrayList declaredEncodings(QByteArrayView data)
+{
+    constexpr qsizetype longestDeclaration = 1024;
+    static const QRegularExpression encoding(QStringLiteral("encoding\\s*=\\s*[\"']([^\"']+)"));
+    const QByteArrayView start = data.first(std::min(data.size(), longestDeclaration));
+    if (!start.startsWith("<?xml"))
+        return {};
+    QByteArrayList names;
+    const qsizetype end = start.indexOf("?>");
+    auto matches = encoding.globalMatch(QString::fromLatin1(end < 0 ? start : start.first(end)));
+    while (matches.hasNext())
+        names += matches.next().captured(1).toLatin1();
+    return names;
+}
+
+// The encoding that hides a document's markup; none where it can be seen. One that calls for UTF-16
+// in ASCII is a leftover, and not believed by the library either.
+std::optional<QByteArray> hidingEncoding(DocumentForm form, QByteArrayView data)
+{
+    if (form == DocumentForm::Other)
+        return "EBCDIC";
+    for (const QByteArray& name : declaredEncodings(data)) {
+        if (form == DocumentForm::Ascii && !showsMarkup(form, name) &&
+            !showsMarkup(DocumentForm::BigUtf16, name))
+            return name;
+    }
+    return std::nullopt;
+}
 
 class StrictReader {
 public:
@@ -36,7 +79,10 @@ private:
     }
 
     void skipToDeclaration();
-    [[nodiscard]] bool hasTooManyAttributes() const;
+    // Why the library must not be given the document; null when it may. What it takes for a
+    // document's tags must be known before, for it compares each attribute of a tag with every
+    // other, beyond its errors, too.
+    [[nodiscard]] Error obstacle() const;
     void installHandlers();
     void fail(XMLParserErrorCode code, const QString& text);
 
@@ -73,19 +119,29 @@ void StrictReader::skipToDeclaration()
     m_skippedLines = lines;
 }
 
-bool StrictReader::hasTooManyAttributes() const
+Error StrictReader::obstacle() const
 {
-    if (m_data.size() < guardedSize)
-        return false;
-    InputGuard guard;
-    std::array<char, 16 * 1024> copy;
-    QByteArrayView rest = m_data;
-    while (!rest.isEmpty() && !guard.foundTooManyAttributes()) {
-        const InputGuard::Passed passed = guard.pass(
-            rest.data(), rest.size(), copy.data(), copy.size(), InputGuard::LongCData::LeaveWhole);
-        rest = rest.sliced(passed.read);
+    if (m_data.size() > std::numeric_limits<int>::max())
+        return tooLarge();
+    if (m_data.size() < harmlessSize)
+        return {};
+    QByteArray utf8;
+    QByteArrayView markup = m_data;
+    if (!m_reading.encoding) {
+        const DocumentForm form = documentFormOf(m_data);
+        if (const auto encoding = hidingEncoding(form, m_data)) {
+            return xmlParserError(XMLParserErrorCode::UnsupportedEncoding,
+                                  localizedString("The encoding “%1” is not supported.")
+                                      .arg(QString::fromLatin1(*encoding)));
+        }
+        if (form != DocumentForm::Ascii) {
+            const auto encoding = form == DocumentForm::BigUtf16 ? QStringConverter::Utf16BE
+                                                                 : QStringConverter::Utf16LE;
+            utf8 = QString(QStringDecoder(encoding).decode(m_data)).toUtf8();
+            markup = utf8;
+        }
     }
-    return guard.foundTooManyAttributes();
+    return mayHaveMoreAttributes(markup, TagGrammar::Xml, maximumAttributes) ? tooLarge() : Error();
 }
 
 void StrictReader::installHandlers()
@@ -160,10 +216,8 @@ std::shared_ptr<XMLTree> StrictReader::read(Error* error)
                                        localizedString("The document is empty.")));
         return nullptr;
     }
-    if (m_data.size() > std::numeric_limits<int>::max() || hasTooManyAttributes()) {
-        setError(error,
-                 xmlParserError(XMLParserErrorCode::LimitExceeded,
-                                localizedString("The document, or a tag in it, is too large.")));
+    if (const Error reason = obstacle(); !reason.isNull()) {
+        setError(error, reason);
         return nullptr;
     }
     m_context.reset(xmlNewParserCtxt());

@@ -39,7 +39,8 @@ public:
 
     // Ends the parse before the next event, from a delegate's call or from any thread, before the
     // parse too. parse() then returns false, with the error XMLParserErrorCode::DelegateAborted and
-    // no call of parserParseErrorOccurred. From parserDidEndDocument on it changes nothing any more.
+    // no call of parserParseErrorOccurred. From parserDidEndDocument on it changes nothing any
+    // more.
     void abortParsing() { m_aborted.store(true, std::memory_order_relaxed); }
     [[nodiscard]] bool isAborted() const { return m_aborted.load(std::memory_order_relaxed); }
 

@@ -43,8 +43,8 @@ public:
     virtual void parserDidStartElement(XMLParser& parser, const QString& name,
                                        const XMLAttributes& attributes);
 
-    // Text, white space included, with references resolved. It comes whole up to 64 KB; a longer one comes
-    // in several pieces, never parted within a character.
+    // Text, white space included, with references resolved. It comes whole up to 64 KB; a longer
+    // one comes in several pieces, never parted within a character.
     virtual void parserFoundCharacters(XMLParser& parser, QUtf8StringView text);
 
     // The content of a CDATA section, as UTF-8. A section above 1 MB comes in several pieces.

@@ -13,6 +13,7 @@ inline const QString xmlParserErrorDomain = QStringLiteral("NSXMLParserErrorDoma
 enum class XMLParserErrorCode {
     InternalError = 1,
     DocumentEmpty = 4,
+    UnsupportedEncoding = 32,
     // Too deep, too many attributes and the like; the library's number for its own limits.
     LimitExceeded = 1000,
     InputFailure = 1549,

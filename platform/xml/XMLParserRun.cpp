@@ -19,14 +19,6 @@ constexpr qsizetype signatureLength = 4;
 // Bytes of text that are collected before a piece of it is delivered.
 constexpr qsizetype longestPiece = 64 * 1024;
 
-// UTF-16, UTF-32 and EBCDIC: where a tag does not begin with the byte 3C alone.
-bool isAsciiBased(const char* bytes, qsizetype length)
-{
-    const QByteArrayView start(bytes, std::min(length, signatureLength));
-    return !start.contains('\0') && !start.startsWith("\xFF\xFE") &&
-           !start.startsWith("\xFE\xFF") && !start.startsWith("\x4C\x6F\xA7\x94");
-}
-
 QString text(const xmlChar* utf8)
 {
     return QString::fromUtf8(reinterpret_cast<const char*>(utf8));
@@ -82,8 +74,19 @@ bool XMLParser::Run::readBeginning()
                                            : localizedString("The file “%1” is empty.").arg(name)));
         return false;
     }
-    m_guarded = isAsciiBased(m_chunk.data(), m_chunkEnd);
+    m_form = documentFormOf({m_chunk.data(), m_chunkEnd});
     return true;
+}
+
+void XMLParser::Run::checkEncoding()
+{
+    const xmlParserInputBuffer* buffer = m_context->input ? m_context->input->buf : nullptr;
+    const char* encoding = buffer && buffer->encoder ? buffer->encoder->name : "UTF-8";
+    if (!showsMarkup(m_form, encoding)) {
+        fail(xmlParserError(XMLParserErrorCode::UnsupportedEncoding,
+                            localizedString("The encoding “%1” is not supported.")
+                                .arg(QString::fromUtf8(encoding))));
+    }
 }
 
 bool XMLParser::Run::createContext()
@@ -133,18 +136,23 @@ int XMLParser::Run::read(char* buffer, int length)
             break;
         const char* available = m_chunk.data() + m_chunkStart;
         const qsizetype count = m_chunkEnd - m_chunkStart;
-        if (!m_guarded) {
+        if (m_form != DocumentForm::Ascii) {
             const qsizetype taken = std::min<qsizetype>(count, length - written);
             std::memcpy(buffer + written, available, static_cast<std::size_t>(taken));
+            m_guard.watchUtf16(available, taken,
+                               m_form == DocumentForm::BigUtf16
+                                   ? InputGuard::ByteOrder::BigEndian
+                                   : InputGuard::ByteOrder::LittleEndian);
             m_chunkStart += taken;
             written += taken;
-            continue;
+        } else {
+            const InputGuard::Passed passed =
+                m_guard.pass(available, count, buffer + written, length - written,
+                             documentIsUtf8() ? InputGuard::LongCData::Split
+                                              : InputGuard::LongCData::LeaveWhole);
+            m_chunkStart += passed.read;
+            written += passed.written;
         }
-        const InputGuard::Passed passed = m_guard.pass(
-            available, count, buffer + written, length - written,
-            documentIsUtf8() ? InputGuard::LongCData::Split : InputGuard::LongCData::LeaveWhole);
-        m_chunkStart += passed.read;
-        written += passed.written;
         if (m_guard.foundTooManyAttributes()) {
             fail(xmlParserError(XMLParserErrorCode::LimitExceeded,
                                 textWithPlace(localizedString("A tag with more than %1 attributes")
@@ -242,6 +250,7 @@ xmlSAXHandler XMLParser::Run::handlers()
     // names as written, namespaces not looked at.
     sax.startDocument = [](void* run) {
         of(run).m_context->sax2 = 0;
+        of(run).checkEncoding();
     };
     sax.startElement = [](void* run, Text name, const xmlChar** attributes) {
         of(run).deliverText();

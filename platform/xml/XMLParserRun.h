@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/xml/DocumentForm.h"
 #include "platform/xml/EntityRules.h"
 #include "platform/xml/InputGuard.h"
 #include "platform/xml/XMLLibrary.h"
@@ -31,6 +32,8 @@ private:
     [[nodiscard]] bool fillChunk();
     [[nodiscard]] int read(char* buffer, int length);
     [[nodiscard]] bool documentIsUtf8() const;
+    // Refuses an encoding that hides markup from the guard.
+    void checkEncoding();
 
     // Nothing more is delivered, and the library finds the document's end at its next read. Gentler
     // than having it stop at once, when it would free the buffer that its callers still look into.
@@ -42,8 +45,9 @@ private:
     template <typename Call>
     void deliver(const Call& call);
 
-    // The library hands a text over in pieces that mean nothing: one ends before the first letter beyond
-    // ASCII, at each reference, and where its buffer ends. They are joined until the next event.
+    // The library hands a text over in pieces that mean nothing: one ends before the first letter
+    // beyond ASCII, at each reference, and where its buffer ends. They are joined until the next
+    // event.
     void collectText(const char* utf8, qsizetype length);
     void deliverText();
 
@@ -54,7 +58,7 @@ private:
     XMLLibraryErrors m_libraryErrors;
     EntityRules m_entities{EntityRules::HtmlNames::Unknown, EntityRules::Undeclared::DropOrRefuse};
     InputGuard m_guard;
-    bool m_guarded = true;
+    DocumentForm m_form = DocumentForm::Ascii;
     std::vector<char> m_chunk;
     qsizetype m_chunkStart = 0;
     qsizetype m_chunkEnd = 0;

@@ -12,12 +12,84 @@
         <translation> Punkt</translation>
     </message>
     <message>
+        <source>%1 (cannot be read)</source>
+        <translation>%1 (nicht lesbar)</translation>
+    </message>
+    <message>
+        <source>%1 as they were</source>
+        <translation>%1 unverändert</translation>
+    </message>
+    <message>
+        <source>%1 as to-do lines</source>
+        <translation>%1 als Aufgabenzeilen</translation>
+    </message>
+    <message>
         <source>%1 at line %2, column %3</source>
         <translation>%1 in Zeile %2, Spalte %3</translation>
     </message>
     <message>
+        <source>%1 could not be started: %2</source>
+        <translation>%1 konnte nicht gestartet werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <translation>%1 antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>%1 does not understand what it was asked (%2).</source>
+        <translation>%1 versteht die Anfrage nicht (%2).</translation>
+    </message>
+    <message>
+        <source>%1 ended before it answered.</source>
+        <translation>%1 wurde beendet, bevor eine Antwort kam.</translation>
+    </message>
+    <message>
+        <source>%1 gave an answer that cannot be understood (%2).</source>
+        <translation>Die Antwort von %1 ist nicht zu verstehen (%2).</translation>
+    </message>
+    <message>
+        <source>%1 imported</source>
+        <translation>%1 importiert</translation>
+    </message>
+    <message>
+        <source>%1 in skipped notes</source>
+        <translation>%1 in übersprungenen Notizen</translation>
+    </message>
+    <message>
+        <source>%1 is neither running nor installed.</source>
+        <translation>%1 läuft nicht und ist nicht installiert.</translation>
+    </message>
+    <message>
         <source>%1 items could not be imported. The first is “%2”: %3</source>
         <translation>%1 Objekte konnten nicht importiert werden. Das erste ist „%2“: %3</translation>
+    </message>
+    <message>
+        <source>%1 kept at the end of their notes</source>
+        <translation>%1 am Ende ihrer Notizen behalten</translation>
+    </message>
+    <message>
+        <source>%1 lead to imported notes</source>
+        <translation>%1 führen zu importierten Notizen</translation>
+    </message>
+    <message>
+        <source>%1 left out</source>
+        <translation>%1 weggelassen</translation>
+    </message>
+    <message>
+        <source>%1 not imported</source>
+        <translation>%1 nicht importiert</translation>
+    </message>
+    <message>
+        <source>%1 refused what it was asked (%2).</source>
+        <translation>%1 hat die Anfrage abgelehnt (%2).</translation>
+    </message>
+    <message>
+        <source>%1 shown</source>
+        <translation>%1 gezeigt</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>%1 übersprungen</translation>
     </message>
     <message>
         <source>%1$@ of %2$@</source>
@@ -124,6 +196,10 @@
         <translation>&amp;Fertig</translation>
     </message>
     <message>
+        <source>&amp;ENEX Files</source>
+        <translation>&amp;ENEX-Dateien</translation>
+    </message>
+    <message>
         <source>&amp;Edit</source>
         <translation>&amp;Bearbeiten</translation>
     </message>
@@ -164,6 +240,10 @@
         <translation>&amp;Beenden</translation>
     </message>
     <message>
+        <source>&amp;Read files of today's Evernote whole</source>
+        <translation>Dateien des heutigen Evernote &amp;vollständig lesen</translation>
+    </message>
+    <message>
         <source>&amp;Release Notes</source>
         <translation>&amp;Versionshinweise</translation>
     </message>
@@ -192,8 +272,20 @@
         <translation>Ein Datum ist zu weit entfernt für eine XML-Eigenschaftsliste.</translation>
     </message>
     <message>
+        <source>A date of the note is damaged and was left out.</source>
+        <translation>Ein Datum der Notiz ist beschädigt und wurde weggelassen.</translation>
+    </message>
+    <message>
         <source>A library folder takes no destination, rating, comments, label or tags.</source>
         <translation>Ein Bibliotheksordner nimmt weder Ziel, Wertung, Kommentare, Etikett noch Schlagwörter an.</translation>
+    </message>
+    <message>
+        <source>A link is changed where its text is the title of exactly one note of the file. All others keep leading to Evernote.</source>
+        <translation>Ein Link wird geändert, wo sein Text der Titel genau einer Notiz der Datei ist. Alle anderen führen weiterhin zu Evernote.</translation>
+    </message>
+    <message>
+        <source>A note is not there any more.</source>
+        <translation>Eine Notiz ist nicht mehr da.</translation>
     </message>
     <message>
         <source>A secure connection to the server could not be made.</source>
@@ -228,8 +320,20 @@
         <translation>Ein anderer Import läuft gerade.</translation>
     </message>
     <message>
+        <source>Another note has the same link; only that one was kept.</source>
+        <translation>Eine andere Notiz hat denselben Link; nur sie wurde behalten.</translation>
+    </message>
+    <message>
+        <source>Attachments that the files do not hold: %1</source>
+        <translation>Anhänge, die die Dateien nicht enthalten: %1</translation>
+    </message>
+    <message>
         <source>Attachments that the note shows but the file does not hold: %1.</source>
         <translation>Anhänge, die die Notiz zeigt, die Datei aber nicht enthält: %1.</translation>
+    </message>
+    <message>
+        <source>Attachments: %1</source>
+        <translation>Anhänge: %1</translation>
     </message>
     <message>
         <source>Bookmark</source>
@@ -238,6 +342,10 @@
     <message>
         <source>Brings Evernote notes into Quillery.</source>
         <translation>Bringt Evernote-Notizen nach Quillery.</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose Folder...</source>
+        <translation>Or&amp;dner auswählen …</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -296,6 +404,10 @@
         <translation>ENEX-Datei hier ablegen</translation>
     </message>
     <message>
+        <source>Due: %1</source>
+        <translation>Fällig: %1</translation>
+    </message>
+    <message>
         <source>Elements within more than %1 others</source>
         <translation>Elemente in mehr als %1 anderen</translation>
     </message>
@@ -304,12 +416,20 @@
         <translation>Verschlüsselte Stellen, die nicht gelesen werden können: %1. An ihrer Stelle stehen Sternchen.</translation>
     </message>
     <message>
+        <source>Encrypted passages: %1</source>
+        <translation>Verschlüsselte Stellen: %1</translation>
+    </message>
+    <message>
+        <source>Evernote 10 and later write ENEX files in a new way. Read as they stand, such files lose dates and tasks, and tags gain empty entries. Files that are dropped on the window are recognized as long as nothing is chosen here.</source>
+        <translation>Evernote 10 und neuer schreiben ENEX-Dateien auf eine neue Art. Unverändert gelesen, verlieren solche Dateien Daten und Aufgaben, und Schlagwörter bekommen leere Einträge. Dateien, die auf das Fenster gezogen werden, werden erkannt, solange hier nichts gewählt ist.</translation>
+    </message>
+    <message>
         <source>Evernote 5.2.0 or later is required.</source>
         <translation>Evernote 5.2.0 oder neuer wird benötigt.</translation>
     </message>
     <message>
-        <source>Evernote cannot be asked for its notes yet.</source>
-        <translation>Evernote kann noch nicht nach seinen Notizen gefragt werden.</translation>
+        <source>Evernote did not export this note.</source>
+        <translation>Evernote hat diese Notiz nicht exportiert.</translation>
     </message>
     <message>
         <source>Evernote export files (%1)</source>
@@ -340,12 +460,24 @@
         <translation>Notizen aus „%@“ werden exportiert</translation>
     </message>
     <message>
+        <source>Exports Folder</source>
+        <translation>Exportordner</translation>
+    </message>
+    <message>
+        <source>Exports folder:</source>
+        <translation>Exportordner:</translation>
+    </message>
+    <message>
         <source>Fi&amp;xed-pitch font:</source>
         <translation>Schrift fester &amp;Breite:</translation>
     </message>
     <message>
         <source>Files to import, and folders that hold such files.</source>
         <translation>Zu importierende Dateien und Ordner mit solchen Dateien.</translation>
+    </message>
+    <message>
+        <source>Flagged</source>
+        <translation>Markiert</translation>
     </message>
     <message>
         <source>Font &amp;size:</source>
@@ -412,12 +544,32 @@
         <translation>Es reicht nicht bis zu seinem Ende.</translation>
     </message>
     <message>
+        <source>Keep attachments that a note's text does not show</source>
+        <translation>Anhänge behalten, die der Text einer Notiz nicht zeigt</translation>
+    </message>
+    <message>
+        <source>Keeps dates, tags and tasks of files that Evernote 10 or later has written.</source>
+        <translation>Behält Daten, Schlagwörter und Aufgaben von Dateien, die Evernote 10 oder neuer geschrieben hat.</translation>
+    </message>
+    <message>
         <source>Library Folder</source>
         <translation>Bibliotheksordner</translation>
     </message>
     <message>
         <source>Library folder:</source>
         <translation>Bibliotheksordner:</translation>
+    </message>
+    <message>
+        <source>Links between notes lead to the imported notes</source>
+        <translation>Links zwischen Notizen führen zu den importierten Notizen</translation>
+    </message>
+    <message>
+        <source>Links between notes: %1</source>
+        <translation>Links zwischen Notizen: %1</translation>
+    </message>
+    <message>
+        <source>Links that lead to notes which were skipped: %1.</source>
+        <translation>Links, die zu übersprungenen Notizen führen: %1.</translation>
     </message>
     <message>
         <source>Load clipped pages from the web again</source>
@@ -464,6 +616,10 @@
         <translation>Keine Notizbücher ausgewählt!</translation>
     </message>
     <message>
+        <source>Not everything that the files hold came across.</source>
+        <translation>Nicht alles, was die Dateien enthalten, ist angekommen.</translation>
+    </message>
+    <message>
         <source>Not imported</source>
         <translation>Nicht importiert</translation>
     </message>
@@ -488,6 +644,10 @@
         <translation>Auf einem Rechner ohne Quillery kommen die Notizen hierher.</translation>
     </message>
     <message>
+        <source>Notes: %1</source>
+        <translation>Notizen: %1</translation>
+    </message>
+    <message>
         <source>Nothing could be imported into “%1”: %2</source>
         <translation>In „%1“ konnte nichts importiert werden: %2</translation>
     </message>
@@ -502,6 +662,10 @@
     <message>
         <source>Objects are nested too deeply.</source>
         <translation>Objekte sind zu tief verschachtelt.</translation>
+    </message>
+    <message>
+        <source>On a machine without Evernote its ENEX files are listed as notebooks, from the next start on.</source>
+        <translation>Auf einem Rechner ohne Evernote erscheinen die ENEX-Dateien darin als Notizbücher, ab dem nächsten Start.</translation>
     </message>
     <message>
         <source>Only marked words in comments are tags</source>
@@ -544,8 +708,16 @@
         <translation>Das Programm Quillery wurde nicht gefunden.</translation>
     </message>
     <message>
+        <source>Quillery is ending and takes no more imports.</source>
+        <translation>Quillery wird gerade beendet und nimmt keine Importe mehr an.</translation>
+    </message>
+    <message>
         <source>Quit</source>
         <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Read files of today's Evernote whole</source>
+        <translation>Dateien des heutigen Evernote vollständig lesen</translation>
     </message>
     <message>
         <source>Reason</source>
@@ -558,6 +730,14 @@
     <message>
         <source>Remark</source>
         <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Reminder: %1</source>
+        <translation>Erinnerung: %1</translation>
+    </message>
+    <message>
+        <source>Repeats: %1</source>
+        <translation>Wiederholung: %1</translation>
     </message>
     <message>
         <source>Search</source>
@@ -604,6 +784,18 @@
         <translation>Standard&amp;schrift:</translation>
     </message>
     <message>
+        <source>Tasks that were lost because the file was read as it stands: %1.</source>
+        <translation>Aufgaben, die verloren gingen, weil die Datei unverändert gelesen wurde: %1.</translation>
+    </message>
+    <message>
+        <source>Tasks: %1</source>
+        <translation>Aufgaben: %1</translation>
+    </message>
+    <message>
+        <source>That is what Evernote means by them. Otherwise they are taken for the time on the clock.</source>
+        <translation>So meint Evernote sie. Sonst gelten sie als Zeit der Uhr an der Wand.</translation>
+    </message>
+    <message>
         <source>The Internet connection appears to be offline.</source>
         <translation>Es scheint keine Internetverbindung zu bestehen.</translation>
     </message>
@@ -636,6 +828,14 @@
         <translation>Das Verzeichnis eines unterbrochenen Imports ist beschädigt.</translation>
     </message>
     <message>
+        <source>The connection to the session bus was lost before %1 answered.</source>
+        <translation>Die Verbindung zum Sitzungsbus ging verloren, bevor %1 geantwortet hat.</translation>
+    </message>
+    <message>
+        <source>The copy of the file could not be written: %1</source>
+        <translation>Die Kopie der Datei konnte nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
         <source>The damaged settings cannot be kept.</source>
         <translation>Die beschädigten Einstellungen können nicht aufbewahrt werden.</translation>
     </message>
@@ -660,12 +860,28 @@
         <translation>Das Dokument oder ein Tag darin ist zu groß.</translation>
     </message>
     <message>
+        <source>The encoding “%1” is not supported.</source>
+        <translation>Die Kodierung „%1“ wird nicht unterstützt.</translation>
+    </message>
+    <message>
+        <source>The export “%1” could not be written: %2</source>
+        <translation>Der Export „%1“ konnte nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
         <source>The file does not exist.</source>
         <translation>Die Datei existiert nicht.</translation>
     </message>
     <message>
         <source>The file is a folder.</source>
         <translation>Die Datei ist ein Ordner.</translation>
+    </message>
+    <message>
+        <source>The file is indented, as today's Evernote writes it. Read as it stands, it loses dates, and tags gain empty entries.</source>
+        <translation>Die Datei ist eingerückt, wie das heutige Evernote sie schreibt. Unverändert gelesen, verliert sie Daten, und Schlagwörter bekommen leere Einträge.</translation>
+    </message>
+    <message>
+        <source>The file is of today's Evernote and was read whole, so that its dates, tags and tasks came across. The options can turn that off.</source>
+        <translation>Die Datei stammt vom heutigen Evernote und wurde vollständig gelesen, sodass ihre Daten, Schlagwörter und Aufgaben angekommen sind. In den Optionen lässt sich das ausschalten.</translation>
     </message>
     <message>
         <source>The file isn’t in the correct format.</source>
@@ -678,6 +894,10 @@
     <message>
         <source>The file system of “%1” keeps no attributes.</source>
         <translation>Das Dateisystem von „%1“ behält keine Attribute.</translation>
+    </message>
+    <message>
+        <source>The file “%1” changed while it was read.</source>
+        <translation>Die Datei „%1“ hat sich geändert, während sie gelesen wurde.</translation>
     </message>
     <message>
         <source>The file “%1” could not be opened: %2.</source>
@@ -736,6 +956,10 @@
         <translation>Die Netzwerkverbindung ging verloren.</translation>
     </message>
     <message>
+        <source>The note does not belong to a file of exported notes.</source>
+        <translation>Die Notiz gehört zu keiner Datei mit exportierten Notizen.</translation>
+    </message>
+    <message>
         <source>The note's markup was malformed and has been repaired.</source>
         <translation>Das Markup der Notiz war fehlerhaft und wurde repariert.</translation>
     </message>
@@ -746,6 +970,14 @@
     <message>
         <source>The note's text does not show the attachment “%1”; it was left out.</source>
         <translation>Der Text der Notiz zeigt den Anhang „%1“ nicht; er wurde weggelassen.</translation>
+    </message>
+    <message>
+        <source>The notebook is not there any more.</source>
+        <translation>Das Notizbuch ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>The notebook “%1” holds more notes than can be listed.</source>
+        <translation>Das Notizbuch „%1“ enthält mehr Notizen, als sich auflisten lassen.</translation>
     </message>
     <message>
         <source>The operation could not be completed. (%1 error %2.)</source>
@@ -766,6 +998,10 @@
     <message>
         <source>The page was loaded again; its attachment “%1” was left out.</source>
         <translation>Die Seite wurde neu geladen; ihr Anhang „%1“ wurde weggelassen.</translation>
+    </message>
+    <message>
+        <source>The page was loaded again; the note's tasks were left out: %1.</source>
+        <translation>Die Seite wurde neu geladen; die Aufgaben der Notiz wurden weggelassen: %1.</translation>
     </message>
     <message>
         <source>The page “%1” could not be opened.</source>
@@ -831,16 +1067,36 @@
         <translation>Die Datei darf nicht gelesen werden.</translation>
     </message>
     <message>
+        <source>There is no session bus through which %1 could be reached.</source>
+        <translation>Es gibt keinen Sitzungsbus, über den %1 erreichbar wäre.</translation>
+    </message>
+    <message>
         <source>There were too many redirects.</source>
         <translation>Es gab zu viele Weiterleitungen.</translation>
+    </message>
+    <message>
+        <source>They are added at the note's end. A web clip with such a document becomes a note.</source>
+        <translation>Sie werden am Ende der Notiz angefügt. Eine ausgeschnittene Seite mit einem solchen Dokument wird zur Notiz.</translation>
     </message>
     <message>
         <source>This is no archived colour.</source>
         <translation>Das ist keine archivierte Farbe.</translation>
     </message>
     <message>
+        <source>Times in ENEX files are in UTC</source>
+        <translation>Zeiten in ENEX-Dateien sind in UTC</translation>
+    </message>
+    <message>
+        <source>To keep all of it, import the file again with the option “Read files of today's Evernote whole” (setting ModernENEX).</source>
+        <translation>Um alles zu behalten, importieren Sie die Datei noch einmal mit der Option „Dateien des heutigen Evernote vollständig lesen“ (Einstellung ModernENEX).</translation>
+    </message>
+    <message>
         <source>Two keys of a dictionary cannot be told apart.</source>
         <translation>Zwei Schlüssel eines Verzeichnisses sind nicht zu unterscheiden.</translation>
+    </message>
+    <message>
+        <source>Unable to create file wrapper for file at path: %@</source>
+        <translation>Für die Datei am folgenden Ort konnte kein Paket erstellt werden: %@</translation>
     </message>
     <message>
         <source>Unable to create the temporary directory to export files.</source>
@@ -1057,6 +1313,10 @@
     <message>
         <source>unsupported version</source>
         <translation>nicht unterstützte Version</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be said to %2.</source>
+        <translation>„%1“ lässt sich %2 nicht mitteilen.</translation>
     </message>
     <message>
         <source>“%1” cannot be taken twice.</source>

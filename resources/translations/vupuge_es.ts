@@ -12,12 +12,84 @@
         <translation> puntos</translation>
     </message>
     <message>
+        <source>%1 (cannot be read)</source>
+        <translation>%1 (no se puede leer)</translation>
+    </message>
+    <message>
+        <source>%1 as they were</source>
+        <translation>%1 sin cambios</translation>
+    </message>
+    <message>
+        <source>%1 as to-do lines</source>
+        <translation>%1 como líneas de tareas</translation>
+    </message>
+    <message>
         <source>%1 at line %2, column %3</source>
         <translation>%1 en la línea %2, columna %3</translation>
     </message>
     <message>
+        <source>%1 could not be started: %2</source>
+        <translation>No se pudo iniciar %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <translation>%1 no responde.</translation>
+    </message>
+    <message>
+        <source>%1 does not understand what it was asked (%2).</source>
+        <translation>%1 no entiende la petición (%2).</translation>
+    </message>
+    <message>
+        <source>%1 ended before it answered.</source>
+        <translation>%1 terminó antes de responder.</translation>
+    </message>
+    <message>
+        <source>%1 gave an answer that cannot be understood (%2).</source>
+        <translation>La respuesta de %1 no se puede entender (%2).</translation>
+    </message>
+    <message>
+        <source>%1 imported</source>
+        <translation>%1 importadas</translation>
+    </message>
+    <message>
+        <source>%1 in skipped notes</source>
+        <translation>%1 en notas omitidas</translation>
+    </message>
+    <message>
+        <source>%1 is neither running nor installed.</source>
+        <translation>%1 no está abierto ni instalado.</translation>
+    </message>
+    <message>
         <source>%1 items could not be imported. The first is “%2”: %3</source>
         <translation>No se pudieron importar %1 elementos. El primero es «%2»: %3</translation>
+    </message>
+    <message>
+        <source>%1 kept at the end of their notes</source>
+        <translation>%1 conservados al final de sus notas</translation>
+    </message>
+    <message>
+        <source>%1 lead to imported notes</source>
+        <translation>%1 llevan a notas importadas</translation>
+    </message>
+    <message>
+        <source>%1 left out</source>
+        <translation>%1 dejados fuera</translation>
+    </message>
+    <message>
+        <source>%1 not imported</source>
+        <translation>%1 sin importar</translation>
+    </message>
+    <message>
+        <source>%1 refused what it was asked (%2).</source>
+        <translation>%1 rechazó la petición (%2).</translation>
+    </message>
+    <message>
+        <source>%1 shown</source>
+        <translation>%1 mostrados</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>%1 omitidas</translation>
     </message>
     <message>
         <source>%1$@ of %2$@</source>
@@ -124,6 +196,10 @@
         <translation>&amp;Hecho</translation>
     </message>
     <message>
+        <source>&amp;ENEX Files</source>
+        <translation>Archivos &amp;ENEX</translation>
+    </message>
+    <message>
         <source>&amp;Edit</source>
         <translation>&amp;Edición</translation>
     </message>
@@ -164,6 +240,10 @@
         <translation>&amp;Salir</translation>
     </message>
     <message>
+        <source>&amp;Read files of today's Evernote whole</source>
+        <translation>&amp;Leer completos los archivos del Evernote actual</translation>
+    </message>
+    <message>
         <source>&amp;Release Notes</source>
         <translation>&amp;Notas de la versión</translation>
     </message>
@@ -192,8 +272,20 @@
         <translation>Una fecha es demasiado lejana para una lista de propiedades XML.</translation>
     </message>
     <message>
+        <source>A date of the note is damaged and was left out.</source>
+        <translation>Una fecha de la nota está dañada y se ha omitido.</translation>
+    </message>
+    <message>
         <source>A library folder takes no destination, rating, comments, label or tags.</source>
         <translation>Una carpeta de biblioteca no admite destino, puntuación, comentarios, rótulo ni etiquetas.</translation>
+    </message>
+    <message>
+        <source>A link is changed where its text is the title of exactly one note of the file. All others keep leading to Evernote.</source>
+        <translation>Un enlace se cambia cuando su texto es el título de exactamente una nota del archivo. Todos los demás siguen llevando a Evernote.</translation>
+    </message>
+    <message>
+        <source>A note is not there any more.</source>
+        <translation>Una nota ya no está.</translation>
     </message>
     <message>
         <source>A secure connection to the server could not be made.</source>
@@ -228,8 +320,20 @@
         <translation>Hay otra importación en curso.</translation>
     </message>
     <message>
+        <source>Another note has the same link; only that one was kept.</source>
+        <translation>Otra nota tiene el mismo enlace; solo se ha conservado esa.</translation>
+    </message>
+    <message>
+        <source>Attachments that the files do not hold: %1</source>
+        <translation>Adjuntos que los archivos no contienen: %1</translation>
+    </message>
+    <message>
         <source>Attachments that the note shows but the file does not hold: %1.</source>
         <translation>Adjuntos que la nota muestra pero el archivo no contiene: %1.</translation>
+    </message>
+    <message>
+        <source>Attachments: %1</source>
+        <translation>Adjuntos: %1</translation>
     </message>
     <message>
         <source>Bookmark</source>
@@ -238,6 +342,10 @@
     <message>
         <source>Brings Evernote notes into Quillery.</source>
         <translation>Lleva notas de Evernote a Quillery.</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose Folder...</source>
+        <translation>&amp;Elegir carpeta…</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -296,6 +404,10 @@
         <translation>Suelte aquí un archivo ENEX</translation>
     </message>
     <message>
+        <source>Due: %1</source>
+        <translation>Vence: %1</translation>
+    </message>
+    <message>
         <source>Elements within more than %1 others</source>
         <translation>Elementos dentro de más de %1 otros</translation>
     </message>
@@ -304,12 +416,20 @@
         <translation>Pasajes cifrados, que no se pueden leer: %1. En su lugar hay asteriscos.</translation>
     </message>
     <message>
+        <source>Encrypted passages: %1</source>
+        <translation>Pasajes cifrados: %1</translation>
+    </message>
+    <message>
+        <source>Evernote 10 and later write ENEX files in a new way. Read as they stand, such files lose dates and tasks, and tags gain empty entries. Files that are dropped on the window are recognized as long as nothing is chosen here.</source>
+        <translation>Evernote 10 y posteriores escriben los archivos ENEX de una forma nueva. Leídos tal cual, estos archivos pierden fechas y tareas, y las etiquetas reciben entradas vacías. Los archivos que se sueltan en la ventana se reconocen mientras no se elija nada aquí.</translation>
+    </message>
+    <message>
         <source>Evernote 5.2.0 or later is required.</source>
         <translation>Se necesita Evernote 5.2.0 o posterior.</translation>
     </message>
     <message>
-        <source>Evernote cannot be asked for its notes yet.</source>
-        <translation>Todavía no se pueden pedir las notas a Evernote.</translation>
+        <source>Evernote did not export this note.</source>
+        <translation>Evernote no ha exportado esta nota.</translation>
     </message>
     <message>
         <source>Evernote export files (%1)</source>
@@ -340,12 +460,24 @@
         <translation>Exportando notas de «%@»</translation>
     </message>
     <message>
+        <source>Exports Folder</source>
+        <translation>Carpeta de exportaciones</translation>
+    </message>
+    <message>
+        <source>Exports folder:</source>
+        <translation>Carpeta de exportaciones:</translation>
+    </message>
+    <message>
         <source>Fi&amp;xed-pitch font:</source>
         <translation>Letra de ancho &amp;fijo:</translation>
     </message>
     <message>
         <source>Files to import, and folders that hold such files.</source>
         <translation>Archivos que se importan y carpetas que los contienen.</translation>
+    </message>
+    <message>
+        <source>Flagged</source>
+        <translation>Marcada</translation>
     </message>
     <message>
         <source>Font &amp;size:</source>
@@ -412,12 +544,32 @@
         <translation>No llega hasta su final.</translation>
     </message>
     <message>
+        <source>Keep attachments that a note's text does not show</source>
+        <translation>Conservar los adjuntos que el texto de la nota no muestra</translation>
+    </message>
+    <message>
+        <source>Keeps dates, tags and tasks of files that Evernote 10 or later has written.</source>
+        <translation>Conserva fechas, etiquetas y tareas de los archivos escritos por Evernote 10 o posterior.</translation>
+    </message>
+    <message>
         <source>Library Folder</source>
         <translation>Carpeta de la biblioteca</translation>
     </message>
     <message>
         <source>Library folder:</source>
         <translation>Carpeta de la biblioteca:</translation>
+    </message>
+    <message>
+        <source>Links between notes lead to the imported notes</source>
+        <translation>Los enlaces entre notas llevan a las notas importadas</translation>
+    </message>
+    <message>
+        <source>Links between notes: %1</source>
+        <translation>Enlaces entre notas: %1</translation>
+    </message>
+    <message>
+        <source>Links that lead to notes which were skipped: %1.</source>
+        <translation>Enlaces que llevan a notas omitidas: %1.</translation>
     </message>
     <message>
         <source>Load clipped pages from the web again</source>
@@ -464,6 +616,10 @@
         <translation>¡No hay libretas seleccionadas!</translation>
     </message>
     <message>
+        <source>Not everything that the files hold came across.</source>
+        <translation>No se ha importado todo lo que contienen los archivos.</translation>
+    </message>
+    <message>
         <source>Not imported</source>
         <translation>No importado</translation>
     </message>
@@ -488,6 +644,10 @@
         <translation>En un equipo sin Quillery, las notas van aquí.</translation>
     </message>
     <message>
+        <source>Notes: %1</source>
+        <translation>Notas: %1</translation>
+    </message>
+    <message>
         <source>Nothing could be imported into “%1”: %2</source>
         <translation>No se pudo importar nada en «%1»: %2</translation>
     </message>
@@ -502,6 +662,10 @@
     <message>
         <source>Objects are nested too deeply.</source>
         <translation>Los objetos están anidados a demasiada profundidad.</translation>
+    </message>
+    <message>
+        <source>On a machine without Evernote its ENEX files are listed as notebooks, from the next start on.</source>
+        <translation>En un equipo sin Evernote, sus archivos ENEX aparecen como libretas a partir del próximo inicio.</translation>
     </message>
     <message>
         <source>Only marked words in comments are tags</source>
@@ -544,8 +708,16 @@
         <translation>No se encuentra la aplicación Quillery.</translation>
     </message>
     <message>
+        <source>Quillery is ending and takes no more imports.</source>
+        <translation>Quillery está terminando y ya no acepta importaciones.</translation>
+    </message>
+    <message>
         <source>Quit</source>
         <translation>Salir</translation>
+    </message>
+    <message>
+        <source>Read files of today's Evernote whole</source>
+        <translation>Leer completos los archivos del Evernote actual</translation>
     </message>
     <message>
         <source>Reason</source>
@@ -558,6 +730,14 @@
     <message>
         <source>Remark</source>
         <translation>Observación</translation>
+    </message>
+    <message>
+        <source>Reminder: %1</source>
+        <translation>Recordatorio: %1</translation>
+    </message>
+    <message>
+        <source>Repeats: %1</source>
+        <translation>Se repite: %1</translation>
     </message>
     <message>
         <source>Search</source>
@@ -604,6 +784,18 @@
         <translation>Letra &amp;estándar:</translation>
     </message>
     <message>
+        <source>Tasks that were lost because the file was read as it stands: %1.</source>
+        <translation>Tareas perdidas porque el archivo se leyó tal cual: %1.</translation>
+    </message>
+    <message>
+        <source>Tasks: %1</source>
+        <translation>Tareas: %1</translation>
+    </message>
+    <message>
+        <source>That is what Evernote means by them. Otherwise they are taken for the time on the clock.</source>
+        <translation>Así las entiende Evernote. De lo contrario se toman por la hora local.</translation>
+    </message>
+    <message>
         <source>The Internet connection appears to be offline.</source>
         <translation>Parece que no hay conexión a Internet.</translation>
     </message>
@@ -636,6 +828,14 @@
         <translation>El catálogo de una importación interrumpida está dañado.</translation>
     </message>
     <message>
+        <source>The connection to the session bus was lost before %1 answered.</source>
+        <translation>Se perdió la conexión con el bus de sesión antes de que %1 respondiera.</translation>
+    </message>
+    <message>
+        <source>The copy of the file could not be written: %1</source>
+        <translation>No se ha podido escribir la copia del archivo: %1</translation>
+    </message>
+    <message>
         <source>The damaged settings cannot be kept.</source>
         <translation>No se pueden conservar los ajustes dañados.</translation>
     </message>
@@ -660,12 +860,28 @@
         <translation>El documento, o una etiqueta, es demasiado grande.</translation>
     </message>
     <message>
+        <source>The encoding “%1” is not supported.</source>
+        <translation>No se admite la codificación «%1».</translation>
+    </message>
+    <message>
+        <source>The export “%1” could not be written: %2</source>
+        <translation>No se ha podido escribir la exportación «%1»: %2</translation>
+    </message>
+    <message>
         <source>The file does not exist.</source>
         <translation>El archivo no existe.</translation>
     </message>
     <message>
         <source>The file is a folder.</source>
         <translation>El archivo es una carpeta.</translation>
+    </message>
+    <message>
+        <source>The file is indented, as today's Evernote writes it. Read as it stands, it loses dates, and tags gain empty entries.</source>
+        <translation>El archivo está sangrado, tal como lo escribe el Evernote actual. Leído tal cual, pierde fechas, y las etiquetas reciben entradas vacías.</translation>
+    </message>
+    <message>
+        <source>The file is of today's Evernote and was read whole, so that its dates, tags and tasks came across. The options can turn that off.</source>
+        <translation>El archivo es del Evernote actual y se ha leído completo, con sus fechas, etiquetas y tareas. En las opciones se puede desactivar.</translation>
     </message>
     <message>
         <source>The file isn’t in the correct format.</source>
@@ -678,6 +894,10 @@
     <message>
         <source>The file system of “%1” keeps no attributes.</source>
         <translation>El sistema de archivos de «%1» no conserva atributos.</translation>
+    </message>
+    <message>
+        <source>The file “%1” changed while it was read.</source>
+        <translation>El archivo «%1» cambió mientras se leía.</translation>
     </message>
     <message>
         <source>The file “%1” could not be opened: %2.</source>
@@ -736,6 +956,10 @@
         <translation>Se perdió la conexión de red.</translation>
     </message>
     <message>
+        <source>The note does not belong to a file of exported notes.</source>
+        <translation>La nota no pertenece a ningún archivo de notas exportadas.</translation>
+    </message>
+    <message>
         <source>The note's markup was malformed and has been repaired.</source>
         <translation>El marcado de la nota era defectuoso y se ha reparado.</translation>
     </message>
@@ -746,6 +970,14 @@
     <message>
         <source>The note's text does not show the attachment “%1”; it was left out.</source>
         <translation>El texto de la nota no muestra el adjunto «%1»; se ha omitido.</translation>
+    </message>
+    <message>
+        <source>The notebook is not there any more.</source>
+        <translation>El cuaderno ya no está.</translation>
+    </message>
+    <message>
+        <source>The notebook “%1” holds more notes than can be listed.</source>
+        <translation>El cuaderno «%1» contiene más notas de las que se pueden enumerar.</translation>
     </message>
     <message>
         <source>The operation could not be completed. (%1 error %2.)</source>
@@ -766,6 +998,10 @@
     <message>
         <source>The page was loaded again; its attachment “%1” was left out.</source>
         <translation>La página se volvió a cargar; su adjunto «%1» se ha omitido.</translation>
+    </message>
+    <message>
+        <source>The page was loaded again; the note's tasks were left out: %1.</source>
+        <translation>La página se volvió a cargar; las tareas de la nota se han omitido: %1.</translation>
     </message>
     <message>
         <source>The page “%1” could not be opened.</source>
@@ -831,16 +1067,36 @@
         <translation>No hay permiso para leer el archivo.</translation>
     </message>
     <message>
+        <source>There is no session bus through which %1 could be reached.</source>
+        <translation>No hay ningún bus de sesión a través del cual comunicarse con %1.</translation>
+    </message>
+    <message>
         <source>There were too many redirects.</source>
         <translation>Hubo demasiadas redirecciones.</translation>
+    </message>
+    <message>
+        <source>They are added at the note's end. A web clip with such a document becomes a note.</source>
+        <translation>Se añaden al final de la nota. Un recorte web con un documento así se convierte en nota.</translation>
     </message>
     <message>
         <source>This is no archived colour.</source>
         <translation>Esto no es un color archivado.</translation>
     </message>
     <message>
+        <source>Times in ENEX files are in UTC</source>
+        <translation>Las horas de los archivos ENEX están en UTC</translation>
+    </message>
+    <message>
+        <source>To keep all of it, import the file again with the option “Read files of today's Evernote whole” (setting ModernENEX).</source>
+        <translation>Para conservarlo todo, importe de nuevo el archivo con la opción «Leer completos los archivos del Evernote actual» (ajuste ModernENEX).</translation>
+    </message>
+    <message>
         <source>Two keys of a dictionary cannot be told apart.</source>
         <translation>Dos claves de un diccionario no se distinguen.</translation>
+    </message>
+    <message>
+        <source>Unable to create file wrapper for file at path: %@</source>
+        <translation>No se ha podido crear un paquete para el archivo en la ruta: %@</translation>
     </message>
     <message>
         <source>Unable to create the temporary directory to export files.</source>
@@ -1057,6 +1313,10 @@
     <message>
         <source>unsupported version</source>
         <translation>versión no admitida</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be said to %2.</source>
+        <translation>«%1» no se puede transmitir a %2.</translation>
     </message>
     <message>
         <source>“%1” cannot be taken twice.</source>

@@ -12,12 +12,84 @@
         <translation> points</translation>
     </message>
     <message>
+        <source>%1 (cannot be read)</source>
+        <translation>%1 (illisible)</translation>
+    </message>
+    <message>
+        <source>%1 as they were</source>
+        <translation>%1 inchangés</translation>
+    </message>
+    <message>
+        <source>%1 as to-do lines</source>
+        <translation>%1 en lignes à cocher</translation>
+    </message>
+    <message>
         <source>%1 at line %2, column %3</source>
         <translation>%1 à la ligne %2, colonne %3</translation>
     </message>
     <message>
+        <source>%1 could not be started: %2</source>
+        <translation>%1 n’a pas pu être lancé : %2</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <translation>%1 ne répond pas.</translation>
+    </message>
+    <message>
+        <source>%1 does not understand what it was asked (%2).</source>
+        <translation>%1 ne comprend pas la demande (%2).</translation>
+    </message>
+    <message>
+        <source>%1 ended before it answered.</source>
+        <translation>%1 s’est terminé avant d’avoir répondu.</translation>
+    </message>
+    <message>
+        <source>%1 gave an answer that cannot be understood (%2).</source>
+        <translation>La réponse de %1 est incompréhensible (%2).</translation>
+    </message>
+    <message>
+        <source>%1 imported</source>
+        <translation>%1 importées</translation>
+    </message>
+    <message>
+        <source>%1 in skipped notes</source>
+        <translation>%1 dans des notes ignorées</translation>
+    </message>
+    <message>
+        <source>%1 is neither running nor installed.</source>
+        <translation>%1 n’est ni ouvert ni installé.</translation>
+    </message>
+    <message>
         <source>%1 items could not be imported. The first is “%2”: %3</source>
         <translation>%1 éléments n’ont pas pu être importés. Le premier est « %2 » : %3</translation>
+    </message>
+    <message>
+        <source>%1 kept at the end of their notes</source>
+        <translation>%1 gardées à la fin de leurs notes</translation>
+    </message>
+    <message>
+        <source>%1 lead to imported notes</source>
+        <translation>%1 mènent à des notes importées</translation>
+    </message>
+    <message>
+        <source>%1 left out</source>
+        <translation>%1 omises</translation>
+    </message>
+    <message>
+        <source>%1 not imported</source>
+        <translation>%1 non importées</translation>
+    </message>
+    <message>
+        <source>%1 refused what it was asked (%2).</source>
+        <translation>%1 a refusé la demande (%2).</translation>
+    </message>
+    <message>
+        <source>%1 shown</source>
+        <translation>%1 affichées</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>%1 ignorées</translation>
     </message>
     <message>
         <source>%1$@ of %2$@</source>
@@ -124,6 +196,10 @@
         <translation>&amp;Terminé</translation>
     </message>
     <message>
+        <source>&amp;ENEX Files</source>
+        <translation>Fichiers &amp;ENEX</translation>
+    </message>
+    <message>
         <source>&amp;Edit</source>
         <translation>É&amp;dition</translation>
     </message>
@@ -164,6 +240,10 @@
         <translation>&amp;Quitter</translation>
     </message>
     <message>
+        <source>&amp;Read files of today's Evernote whole</source>
+        <translation>&amp;Lire en entier les fichiers de l’Evernote actuel</translation>
+    </message>
+    <message>
         <source>&amp;Release Notes</source>
         <translation>&amp;Notes de version</translation>
     </message>
@@ -192,8 +272,20 @@
         <translation>Une date est trop éloignée pour une liste de propriétés XML.</translation>
     </message>
     <message>
+        <source>A date of the note is damaged and was left out.</source>
+        <translation>Une date de la note est endommagée et a été omise.</translation>
+    </message>
+    <message>
         <source>A library folder takes no destination, rating, comments, label or tags.</source>
         <translation>Un dossier de bibliothèque n’accepte ni destination, ni note, ni commentaires, ni label, ni étiquettes.</translation>
+    </message>
+    <message>
+        <source>A link is changed where its text is the title of exactly one note of the file. All others keep leading to Evernote.</source>
+        <translation>Un lien est modifié lorsque son texte est le titre d’une seule note du fichier. Tous les autres mènent toujours à Evernote.</translation>
+    </message>
+    <message>
+        <source>A note is not there any more.</source>
+        <translation>Une note n’existe plus.</translation>
     </message>
     <message>
         <source>A secure connection to the server could not be made.</source>
@@ -228,8 +320,20 @@
         <translation>Une autre importation est en cours.</translation>
     </message>
     <message>
+        <source>Another note has the same link; only that one was kept.</source>
+        <translation>Une autre note a le même lien ; seule celle-ci a été conservée.</translation>
+    </message>
+    <message>
+        <source>Attachments that the files do not hold: %1</source>
+        <translation>Pièces jointes absentes des fichiers : %1</translation>
+    </message>
+    <message>
         <source>Attachments that the note shows but the file does not hold: %1.</source>
         <translation>Pièces jointes que la note montre mais que le fichier ne contient pas : %1.</translation>
+    </message>
+    <message>
+        <source>Attachments: %1</source>
+        <translation>Pièces jointes : %1</translation>
     </message>
     <message>
         <source>Bookmark</source>
@@ -238,6 +342,10 @@
     <message>
         <source>Brings Evernote notes into Quillery.</source>
         <translation>Transfère les notes d’Evernote dans Quillery.</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose Folder...</source>
+        <translation>C&amp;hoisir un dossier…</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -296,6 +404,10 @@
         <translation>Déposez un fichier ENEX ici</translation>
     </message>
     <message>
+        <source>Due: %1</source>
+        <translation>Échéance : %1</translation>
+    </message>
+    <message>
         <source>Elements within more than %1 others</source>
         <translation>Éléments imbriqués dans plus de %1 autres</translation>
     </message>
@@ -304,12 +416,20 @@
         <translation>Passages chiffrés, illisibles : %1. Des astérisques les remplacent.</translation>
     </message>
     <message>
+        <source>Encrypted passages: %1</source>
+        <translation>Passages chiffrés : %1</translation>
+    </message>
+    <message>
+        <source>Evernote 10 and later write ENEX files in a new way. Read as they stand, such files lose dates and tasks, and tags gain empty entries. Files that are dropped on the window are recognized as long as nothing is chosen here.</source>
+        <translation>Evernote 10 et les versions suivantes écrivent les fichiers ENEX d’une nouvelle façon. Lus tels quels, ces fichiers perdent des dates et des tâches, et les étiquettes reçoivent des entrées vides. Les fichiers déposés sur la fenêtre sont reconnus tant que rien n’est choisi ici.</translation>
+    </message>
+    <message>
         <source>Evernote 5.2.0 or later is required.</source>
         <translation>Evernote 5.2.0 ou une version ultérieure est nécessaire.</translation>
     </message>
     <message>
-        <source>Evernote cannot be asked for its notes yet.</source>
-        <translation>Les notes ne peuvent pas encore être demandées à Evernote.</translation>
+        <source>Evernote did not export this note.</source>
+        <translation>Evernote n’a pas exporté cette note.</translation>
     </message>
     <message>
         <source>Evernote export files (%1)</source>
@@ -340,12 +460,24 @@
         <translation>Exportation des notes de « %@ »</translation>
     </message>
     <message>
+        <source>Exports Folder</source>
+        <translation>Dossier des exportations</translation>
+    </message>
+    <message>
+        <source>Exports folder:</source>
+        <translation>Dossier des exportations :</translation>
+    </message>
+    <message>
         <source>Fi&amp;xed-pitch font:</source>
         <translation>Police à c&amp;hasse fixe :</translation>
     </message>
     <message>
         <source>Files to import, and folders that hold such files.</source>
         <translation>Fichiers à importer et dossiers qui en contiennent.</translation>
+    </message>
+    <message>
+        <source>Flagged</source>
+        <translation>Signalée</translation>
     </message>
     <message>
         <source>Font &amp;size:</source>
@@ -412,12 +544,32 @@
         <translation>Il est incomplet.</translation>
     </message>
     <message>
+        <source>Keep attachments that a note's text does not show</source>
+        <translation>Garder les pièces jointes que le texte d’une note ne montre pas</translation>
+    </message>
+    <message>
+        <source>Keeps dates, tags and tasks of files that Evernote 10 or later has written.</source>
+        <translation>Garde les dates, les étiquettes et les tâches des fichiers écrits par Evernote 10 ou ultérieur.</translation>
+    </message>
+    <message>
         <source>Library Folder</source>
         <translation>Dossier de la bibliothèque</translation>
     </message>
     <message>
         <source>Library folder:</source>
         <translation>Dossier de la bibliothèque :</translation>
+    </message>
+    <message>
+        <source>Links between notes lead to the imported notes</source>
+        <translation>Les liens entre notes mènent aux notes importées</translation>
+    </message>
+    <message>
+        <source>Links between notes: %1</source>
+        <translation>Liens entre notes : %1</translation>
+    </message>
+    <message>
+        <source>Links that lead to notes which were skipped: %1.</source>
+        <translation>Liens qui mènent à des notes ignorées : %1.</translation>
     </message>
     <message>
         <source>Load clipped pages from the web again</source>
@@ -464,6 +616,10 @@
         <translation>Aucun carnet sélectionné !</translation>
     </message>
     <message>
+        <source>Not everything that the files hold came across.</source>
+        <translation>Tout le contenu des fichiers n’a pas été importé.</translation>
+    </message>
+    <message>
         <source>Not imported</source>
         <translation>Non importé</translation>
     </message>
@@ -488,6 +644,10 @@
         <translation>Sur une machine sans Quillery, les notes vont ici.</translation>
     </message>
     <message>
+        <source>Notes: %1</source>
+        <translation>Notes : %1</translation>
+    </message>
+    <message>
         <source>Nothing could be imported into “%1”: %2</source>
         <translation>Rien n’a pu être importé dans « %1 » : %2</translation>
     </message>
@@ -502,6 +662,10 @@
     <message>
         <source>Objects are nested too deeply.</source>
         <translation>Les objets sont trop imbriqués.</translation>
+    </message>
+    <message>
+        <source>On a machine without Evernote its ENEX files are listed as notebooks, from the next start on.</source>
+        <translation>Sur une machine sans Evernote, ses fichiers ENEX apparaissent comme carnets, dès le prochain lancement.</translation>
     </message>
     <message>
         <source>Only marked words in comments are tags</source>
@@ -544,8 +708,16 @@
         <translation>L’application Quillery est introuvable.</translation>
     </message>
     <message>
+        <source>Quillery is ending and takes no more imports.</source>
+        <translation>Quillery est en train de se terminer et n’accepte plus d’importations.</translation>
+    </message>
+    <message>
         <source>Quit</source>
         <translation>Quitter</translation>
+    </message>
+    <message>
+        <source>Read files of today's Evernote whole</source>
+        <translation>Lire en entier les fichiers de l’Evernote actuel</translation>
     </message>
     <message>
         <source>Reason</source>
@@ -558,6 +730,14 @@
     <message>
         <source>Remark</source>
         <translation>Remarque</translation>
+    </message>
+    <message>
+        <source>Reminder: %1</source>
+        <translation>Rappel : %1</translation>
+    </message>
+    <message>
+        <source>Repeats: %1</source>
+        <translation>Répétition : %1</translation>
     </message>
     <message>
         <source>Search</source>
@@ -604,6 +784,18 @@
         <translation>P&amp;olice standard :</translation>
     </message>
     <message>
+        <source>Tasks that were lost because the file was read as it stands: %1.</source>
+        <translation>Tâches perdues parce que le fichier a été lu tel quel : %1.</translation>
+    </message>
+    <message>
+        <source>Tasks: %1</source>
+        <translation>Tâches : %1</translation>
+    </message>
+    <message>
+        <source>That is what Evernote means by them. Otherwise they are taken for the time on the clock.</source>
+        <translation>C’est le sens qu’Evernote leur donne. Sinon, elles sont prises pour l’heure locale.</translation>
+    </message>
+    <message>
         <source>The Internet connection appears to be offline.</source>
         <translation>La connexion Internet semble interrompue.</translation>
     </message>
@@ -636,6 +828,14 @@
         <translation>Le catalogue d’une importation interrompue est endommagé.</translation>
     </message>
     <message>
+        <source>The connection to the session bus was lost before %1 answered.</source>
+        <translation>La connexion au bus de session a été perdue avant que %1 ait répondu.</translation>
+    </message>
+    <message>
+        <source>The copy of the file could not be written: %1</source>
+        <translation>La copie du fichier n’a pas pu être écrite : %1</translation>
+    </message>
+    <message>
         <source>The damaged settings cannot be kept.</source>
         <translation>Les réglages endommagés ne peuvent pas être conservés.</translation>
     </message>
@@ -660,12 +860,28 @@
         <translation>Le document, ou une balise, est trop grand.</translation>
     </message>
     <message>
+        <source>The encoding “%1” is not supported.</source>
+        <translation>L’encodage « %1 » n’est pas pris en charge.</translation>
+    </message>
+    <message>
+        <source>The export “%1” could not be written: %2</source>
+        <translation>L’exportation « %1 » n’a pas pu être écrite : %2</translation>
+    </message>
+    <message>
         <source>The file does not exist.</source>
         <translation>Le fichier n’existe pas.</translation>
     </message>
     <message>
         <source>The file is a folder.</source>
         <translation>Le fichier est un dossier.</translation>
+    </message>
+    <message>
+        <source>The file is indented, as today's Evernote writes it. Read as it stands, it loses dates, and tags gain empty entries.</source>
+        <translation>Le fichier est indenté, comme l’écrit l’Evernote actuel. Lu tel quel, il perd des dates, et les étiquettes reçoivent des entrées vides.</translation>
+    </message>
+    <message>
+        <source>The file is of today's Evernote and was read whole, so that its dates, tags and tasks came across. The options can turn that off.</source>
+        <translation>Le fichier vient de l’Evernote actuel et a été lu en entier : ses dates, étiquettes et tâches ont été importées. Les options permettent de désactiver cela.</translation>
     </message>
     <message>
         <source>The file isn’t in the correct format.</source>
@@ -678,6 +894,10 @@
     <message>
         <source>The file system of “%1” keeps no attributes.</source>
         <translation>Le système de fichiers de « %1 » ne conserve pas d’attributs.</translation>
+    </message>
+    <message>
+        <source>The file “%1” changed while it was read.</source>
+        <translation>Le fichier « %1 » a changé pendant sa lecture.</translation>
     </message>
     <message>
         <source>The file “%1” could not be opened: %2.</source>
@@ -736,6 +956,10 @@
         <translation>La connexion réseau a été perdue.</translation>
     </message>
     <message>
+        <source>The note does not belong to a file of exported notes.</source>
+        <translation>La note n’appartient à aucun fichier de notes exportées.</translation>
+    </message>
+    <message>
         <source>The note's markup was malformed and has been repaired.</source>
         <translation>Le balisage de la note était mal formé et a été réparé.</translation>
     </message>
@@ -746,6 +970,14 @@
     <message>
         <source>The note's text does not show the attachment “%1”; it was left out.</source>
         <translation>Le texte de la note ne montre pas la pièce jointe « %1 » ; elle a été omise.</translation>
+    </message>
+    <message>
+        <source>The notebook is not there any more.</source>
+        <translation>Le carnet n’existe plus.</translation>
+    </message>
+    <message>
+        <source>The notebook “%1” holds more notes than can be listed.</source>
+        <translation>Le carnet « %1 » contient plus de notes qu’il n’est possible d’en énumérer.</translation>
     </message>
     <message>
         <source>The operation could not be completed. (%1 error %2.)</source>
@@ -766,6 +998,10 @@
     <message>
         <source>The page was loaded again; its attachment “%1” was left out.</source>
         <translation>La page a été rechargée ; sa pièce jointe « %1 » a été omise.</translation>
+    </message>
+    <message>
+        <source>The page was loaded again; the note's tasks were left out: %1.</source>
+        <translation>La page a été rechargée ; les tâches de la note ont été omises : %1.</translation>
     </message>
     <message>
         <source>The page “%1” could not be opened.</source>
@@ -831,16 +1067,36 @@
         <translation>Le fichier n’est pas autorisé en lecture.</translation>
     </message>
     <message>
+        <source>There is no session bus through which %1 could be reached.</source>
+        <translation>Il n’y a pas de bus de session par lequel joindre %1.</translation>
+    </message>
+    <message>
         <source>There were too many redirects.</source>
         <translation>Il y a eu trop de redirections.</translation>
+    </message>
+    <message>
+        <source>They are added at the note's end. A web clip with such a document becomes a note.</source>
+        <translation>Elles sont ajoutées à la fin de la note. Une page découpée avec un tel document devient une note.</translation>
     </message>
     <message>
         <source>This is no archived colour.</source>
         <translation>Ce n’est pas une couleur archivée.</translation>
     </message>
     <message>
+        <source>Times in ENEX files are in UTC</source>
+        <translation>Les heures des fichiers ENEX sont en UTC</translation>
+    </message>
+    <message>
+        <source>To keep all of it, import the file again with the option “Read files of today's Evernote whole” (setting ModernENEX).</source>
+        <translation>Pour tout garder, importez de nouveau le fichier avec l’option « Lire en entier les fichiers de l’Evernote actuel » (réglage ModernENEX).</translation>
+    </message>
+    <message>
         <source>Two keys of a dictionary cannot be told apart.</source>
         <translation>Deux clés d’un dictionnaire sont indiscernables.</translation>
+    </message>
+    <message>
+        <source>Unable to create file wrapper for file at path: %@</source>
+        <translation>Impossible de créer un paquet pour le fichier situé à l’emplacement : %@</translation>
     </message>
     <message>
         <source>Unable to create the temporary directory to export files.</source>
@@ -1057,6 +1313,10 @@
     <message>
         <source>unsupported version</source>
         <translation>version non prise en charge</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be said to %2.</source>
+        <translation>« %1 » ne peut pas être transmis à %2.</translation>
     </message>
     <message>
         <source>“%1” cannot be taken twice.</source>

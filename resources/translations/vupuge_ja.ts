@@ -12,12 +12,84 @@
         <translation> ポイント</translation>
     </message>
     <message>
+        <source>%1 (cannot be read)</source>
+        <translation>%1（読み込めません）</translation>
+    </message>
+    <message>
+        <source>%1 as they were</source>
+        <translation>%1 件はそのまま</translation>
+    </message>
+    <message>
+        <source>%1 as to-do lines</source>
+        <translation>%1 件はチェックボックス付きの行</translation>
+    </message>
+    <message>
         <source>%1 at line %2, column %3</source>
         <translation>%1（%2 行 %3 列）</translation>
     </message>
     <message>
+        <source>%1 could not be started: %2</source>
+        <translation>%1 を起動できませんでした：%2</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <translation>%1 が応答しません。</translation>
+    </message>
+    <message>
+        <source>%1 does not understand what it was asked (%2).</source>
+        <translation>%1 は要求を理解できません（%2）。</translation>
+    </message>
+    <message>
+        <source>%1 ended before it answered.</source>
+        <translation>%1 は応答する前に終了しました。</translation>
+    </message>
+    <message>
+        <source>%1 gave an answer that cannot be understood (%2).</source>
+        <translation>%1 の応答を理解できません（%2）。</translation>
+    </message>
+    <message>
+        <source>%1 imported</source>
+        <translation>%1 件を読み込み</translation>
+    </message>
+    <message>
+        <source>%1 in skipped notes</source>
+        <translation>%1 件はスキップしたノート内</translation>
+    </message>
+    <message>
+        <source>%1 is neither running nor installed.</source>
+        <translation>%1 は起動しておらず、インストールもされていません。</translation>
+    </message>
+    <message>
         <source>%1 items could not be imported. The first is “%2”: %3</source>
         <translation>%1 項目を読み込めませんでした。最初は「%2」です：%3</translation>
+    </message>
+    <message>
+        <source>%1 kept at the end of their notes</source>
+        <translation>%1 件はノートの末尾に保持</translation>
+    </message>
+    <message>
+        <source>%1 lead to imported notes</source>
+        <translation>%1 件は読み込んだノートへのリンク</translation>
+    </message>
+    <message>
+        <source>%1 left out</source>
+        <translation>%1 件を省略</translation>
+    </message>
+    <message>
+        <source>%1 not imported</source>
+        <translation>%1 件は未読み込み</translation>
+    </message>
+    <message>
+        <source>%1 refused what it was asked (%2).</source>
+        <translation>%1 は要求を拒否しました（%2）。</translation>
+    </message>
+    <message>
+        <source>%1 shown</source>
+        <translation>%1 件を表示</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>%1 件をスキップ</translation>
     </message>
     <message>
         <source>%1$@ of %2$@</source>
@@ -120,6 +192,10 @@
         <translation>完了(&amp;D)</translation>
     </message>
     <message>
+        <source>&amp;ENEX Files</source>
+        <translation>ENEX ファイル(&amp;E)</translation>
+    </message>
+    <message>
         <source>&amp;Edit</source>
         <translation>編集(&amp;E)</translation>
     </message>
@@ -160,6 +236,10 @@
         <translation>終了(&amp;Q)</translation>
     </message>
     <message>
+        <source>&amp;Read files of today's Evernote whole</source>
+        <translation>現在の Evernote のファイルを完全に読む(&amp;R)</translation>
+    </message>
+    <message>
         <source>&amp;Release Notes</source>
         <translation>リリースノート(&amp;R)</translation>
     </message>
@@ -188,8 +268,20 @@
         <translation>XML プロパティリストには日付が離れすぎています。</translation>
     </message>
     <message>
+        <source>A date of the note is damaged and was left out.</source>
+        <translation>ノートの日付の一つが壊れているため、省かれました。</translation>
+    </message>
+    <message>
         <source>A library folder takes no destination, rating, comments, label or tags.</source>
         <translation>ライブラリフォルダでは、保存先、評価、コメント、ラベル、タグを指定できません。</translation>
+    </message>
+    <message>
+        <source>A link is changed where its text is the title of exactly one note of the file. All others keep leading to Evernote.</source>
+        <translation>リンクの文字列がファイル内のただ一つのノートのタイトルと一致する場合に変更されます。それ以外は引き続き Evernote へのリンクです。</translation>
+    </message>
+    <message>
+        <source>A note is not there any more.</source>
+        <translation>ノートの一つがもうありません。</translation>
     </message>
     <message>
         <source>A secure connection to the server could not be made.</source>
@@ -224,8 +316,20 @@
         <translation>別の読み込みが実行中です。</translation>
     </message>
     <message>
+        <source>Another note has the same link; only that one was kept.</source>
+        <translation>別のノートに同じリンクがあるため、そのノートだけが残されました。</translation>
+    </message>
+    <message>
+        <source>Attachments that the files do not hold: %1</source>
+        <translation>ファイルに含まれない添付ファイル：%1</translation>
+    </message>
+    <message>
         <source>Attachments that the note shows but the file does not hold: %1.</source>
         <translation>ノートに表示されるがファイルに含まれない添付ファイル：%1。</translation>
+    </message>
+    <message>
+        <source>Attachments: %1</source>
+        <translation>添付ファイル：%1</translation>
     </message>
     <message>
         <source>Bookmark</source>
@@ -234,6 +338,10 @@
     <message>
         <source>Brings Evernote notes into Quillery.</source>
         <translation>Evernote のノートを Quillery に取り込みます。</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose Folder...</source>
+        <translation>フォルダを選択(&amp;H)…</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -292,6 +400,10 @@
         <translation>ここに ENEX ファイルをドロップ</translation>
     </message>
     <message>
+        <source>Due: %1</source>
+        <translation>期限：%1</translation>
+    </message>
+    <message>
         <source>Elements within more than %1 others</source>
         <translation>%1 を超える要素の入れ子</translation>
     </message>
@@ -300,12 +412,20 @@
         <translation>読み取れない暗号化された箇所：%1。代わりにアスタリスクが入ります。</translation>
     </message>
     <message>
+        <source>Encrypted passages: %1</source>
+        <translation>暗号化された箇所：%1</translation>
+    </message>
+    <message>
+        <source>Evernote 10 and later write ENEX files in a new way. Read as they stand, such files lose dates and tasks, and tags gain empty entries. Files that are dropped on the window are recognized as long as nothing is chosen here.</source>
+        <translation>Evernote 10 以降は ENEX ファイルを新しい形式で書き出します。そのまま読むと日付とタスクが失われ、タグに空の項目が加わります。ウインドウにドロップしたファイルは、ここで何も選択していない間は自動的に判別されます。</translation>
+    </message>
+    <message>
         <source>Evernote 5.2.0 or later is required.</source>
         <translation>Evernote 5.2.0 以降が必要です。</translation>
     </message>
     <message>
-        <source>Evernote cannot be asked for its notes yet.</source>
-        <translation>Evernote からノートを取得することはまだできません。</translation>
+        <source>Evernote did not export this note.</source>
+        <translation>Evernote はこのノートを書き出しませんでした。</translation>
     </message>
     <message>
         <source>Evernote export files (%1)</source>
@@ -336,12 +456,24 @@
         <translation>「%@」からノートを書き出しています</translation>
     </message>
     <message>
+        <source>Exports Folder</source>
+        <translation>書き出しフォルダ</translation>
+    </message>
+    <message>
+        <source>Exports folder:</source>
+        <translation>書き出しフォルダ:</translation>
+    </message>
+    <message>
         <source>Fi&amp;xed-pitch font:</source>
         <translation>等幅フォント(&amp;X)：</translation>
     </message>
     <message>
         <source>Files to import, and folders that hold such files.</source>
         <translation>読み込むファイル、またはそれらを含むフォルダ。</translation>
+    </message>
+    <message>
+        <source>Flagged</source>
+        <translation>フラグ付き</translation>
     </message>
     <message>
         <source>Font &amp;size:</source>
@@ -408,12 +540,32 @@
         <translation>最後まで書かれていません。</translation>
     </message>
     <message>
+        <source>Keep attachments that a note's text does not show</source>
+        <translation>ノートの本文に表示されない添付ファイルを残す</translation>
+    </message>
+    <message>
+        <source>Keeps dates, tags and tasks of files that Evernote 10 or later has written.</source>
+        <translation>Evernote 10 以降が書き出したファイルの日付、タグ、タスクを保持します。</translation>
+    </message>
+    <message>
         <source>Library Folder</source>
         <translation>ライブラリフォルダ</translation>
     </message>
     <message>
         <source>Library folder:</source>
         <translation>ライブラリフォルダ：</translation>
+    </message>
+    <message>
+        <source>Links between notes lead to the imported notes</source>
+        <translation>ノート間のリンクを読み込んだノートに向ける</translation>
+    </message>
+    <message>
+        <source>Links between notes: %1</source>
+        <translation>ノート間のリンク：%1</translation>
+    </message>
+    <message>
+        <source>Links that lead to notes which were skipped: %1.</source>
+        <translation>スキップしたノートへのリンク：%1。</translation>
     </message>
     <message>
         <source>Load clipped pages from the web again</source>
@@ -460,6 +612,10 @@
         <translation>ノートブックが選択されていません！</translation>
     </message>
     <message>
+        <source>Not everything that the files hold came across.</source>
+        <translation>ファイルの内容がすべて読み込まれたわけではありません。</translation>
+    </message>
+    <message>
         <source>Not imported</source>
         <translation>読み込み失敗</translation>
     </message>
@@ -484,6 +640,10 @@
         <translation>Quillery のないコンピュータでは、ノートはここに保存されます。</translation>
     </message>
     <message>
+        <source>Notes: %1</source>
+        <translation>ノート：%1</translation>
+    </message>
+    <message>
         <source>Nothing could be imported into “%1”: %2</source>
         <translation>「%1」に何も読み込めませんでした：%2</translation>
     </message>
@@ -498,6 +658,10 @@
     <message>
         <source>Objects are nested too deeply.</source>
         <translation>オブジェクトの入れ子が深すぎます。</translation>
+    </message>
+    <message>
+        <source>On a machine without Evernote its ENEX files are listed as notebooks, from the next start on.</source>
+        <translation>Evernote がないコンピュータでは、その中の ENEX ファイルが次回の起動からノートブックとして表示されます。</translation>
     </message>
     <message>
         <source>Only marked words in comments are tags</source>
@@ -540,8 +704,16 @@
         <translation>Quillery アプリケーションが見つかりません。</translation>
     </message>
     <message>
+        <source>Quillery is ending and takes no more imports.</source>
+        <translation>Quillery は終了処理中のため、これ以上読み込みを受け付けません。</translation>
+    </message>
+    <message>
         <source>Quit</source>
         <translation>終了</translation>
+    </message>
+    <message>
+        <source>Read files of today's Evernote whole</source>
+        <translation>現在の Evernote のファイルを完全に読む</translation>
     </message>
     <message>
         <source>Reason</source>
@@ -554,6 +726,14 @@
     <message>
         <source>Remark</source>
         <translation>備考</translation>
+    </message>
+    <message>
+        <source>Reminder: %1</source>
+        <translation>リマインダー：%1</translation>
+    </message>
+    <message>
+        <source>Repeats: %1</source>
+        <translation>繰り返し：%1</translation>
     </message>
     <message>
         <source>Search</source>
@@ -600,6 +780,18 @@
         <translation>標準フォント(&amp;O)：</translation>
     </message>
     <message>
+        <source>Tasks that were lost because the file was read as it stands: %1.</source>
+        <translation>ファイルをそのまま読んだために失われたタスク：%1。</translation>
+    </message>
+    <message>
+        <source>Tasks: %1</source>
+        <translation>タスク：%1</translation>
+    </message>
+    <message>
+        <source>That is what Evernote means by them. Otherwise they are taken for the time on the clock.</source>
+        <translation>Evernote はこの意味で書いています。オフの場合は時計の時刻として扱われます。</translation>
+    </message>
+    <message>
         <source>The Internet connection appears to be offline.</source>
         <translation>インターネットに接続されていないようです。</translation>
     </message>
@@ -632,6 +824,14 @@
         <translation>中断された読み込みのカタログが壊れています。</translation>
     </message>
     <message>
+        <source>The connection to the session bus was lost before %1 answered.</source>
+        <translation>%1 が応答する前にセッションバスとの接続が切れました。</translation>
+    </message>
+    <message>
+        <source>The copy of the file could not be written: %1</source>
+        <translation>ファイルの複製を書き込めませんでした：%1</translation>
+    </message>
+    <message>
         <source>The damaged settings cannot be kept.</source>
         <translation>壊れた設定を保管できません。</translation>
     </message>
@@ -656,12 +856,28 @@
         <translation>書類またはその中のタグが大きすぎます。</translation>
     </message>
     <message>
+        <source>The encoding “%1” is not supported.</source>
+        <translation>エンコーディング「%1」には対応していません。</translation>
+    </message>
+    <message>
+        <source>The export “%1” could not be written: %2</source>
+        <translation>書き出しファイル“%1”に書き込めませんでした: %2</translation>
+    </message>
+    <message>
         <source>The file does not exist.</source>
         <translation>ファイルがありません。</translation>
     </message>
     <message>
         <source>The file is a folder.</source>
         <translation>ファイルではなくフォルダです。</translation>
+    </message>
+    <message>
+        <source>The file is indented, as today's Evernote writes it. Read as it stands, it loses dates, and tags gain empty entries.</source>
+        <translation>このファイルは現在の Evernote の形式で字下げされています。そのまま読むと日付が失われ、タグに空の項目が加わります。</translation>
+    </message>
+    <message>
+        <source>The file is of today's Evernote and was read whole, so that its dates, tags and tasks came across. The options can turn that off.</source>
+        <translation>このファイルは現在の Evernote のもので、完全に読まれたため、日付、タグ、タスクが読み込まれました。オプションでオフにできます。</translation>
     </message>
     <message>
         <source>The file isn’t in the correct format.</source>
@@ -674,6 +890,10 @@
     <message>
         <source>The file system of “%1” keeps no attributes.</source>
         <translation>「%1」のファイルシステムは属性を保持しません。</translation>
+    </message>
+    <message>
+        <source>The file “%1” changed while it was read.</source>
+        <translation>ファイル“%1”は読み込み中に変更されました。</translation>
     </message>
     <message>
         <source>The file “%1” could not be opened: %2.</source>
@@ -732,6 +952,10 @@
         <translation>ネットワーク接続が切れました。</translation>
     </message>
     <message>
+        <source>The note does not belong to a file of exported notes.</source>
+        <translation>このノートは、書き出されたノートのファイルのものではありません。</translation>
+    </message>
+    <message>
         <source>The note's markup was malformed and has been repaired.</source>
         <translation>ノートのマークアップに誤りがあったため、修復しました。</translation>
     </message>
@@ -742,6 +966,14 @@
     <message>
         <source>The note's text does not show the attachment “%1”; it was left out.</source>
         <translation>ノートの本文に添付ファイル「%1」が表示されないため、省かれました。</translation>
+    </message>
+    <message>
+        <source>The notebook is not there any more.</source>
+        <translation>このノートブックはもうありません。</translation>
+    </message>
+    <message>
+        <source>The notebook “%1” holds more notes than can be listed.</source>
+        <translation>ノートブック「%1」には一覧にできる数を超えるノートがあります。</translation>
     </message>
     <message>
         <source>The operation could not be completed. (%1 error %2.)</source>
@@ -762,6 +994,10 @@
     <message>
         <source>The page was loaded again; its attachment “%1” was left out.</source>
         <translation>ページを再読み込みしたため、添付ファイル「%1」は省かれました。</translation>
+    </message>
+    <message>
+        <source>The page was loaded again; the note's tasks were left out: %1.</source>
+        <translation>ページを再読み込みしたため、ノートのタスクは省かれました：%1。</translation>
     </message>
     <message>
         <source>The page “%1” could not be opened.</source>
@@ -826,16 +1062,36 @@
         <translation>ファイルを読み込むアクセス権がありません。</translation>
     </message>
     <message>
+        <source>There is no session bus through which %1 could be reached.</source>
+        <translation>%1 と通信するためのセッションバスがありません。</translation>
+    </message>
+    <message>
         <source>There were too many redirects.</source>
         <translation>リダイレクトが多すぎます。</translation>
+    </message>
+    <message>
+        <source>They are added at the note's end. A web clip with such a document becomes a note.</source>
+        <translation>ノートの末尾に追加されます。そのような書類を含むウェブクリップはノートになります。</translation>
     </message>
     <message>
         <source>This is no archived colour.</source>
         <translation>アーカイブされた色ではありません。</translation>
     </message>
     <message>
+        <source>Times in ENEX files are in UTC</source>
+        <translation>ENEX ファイルの時刻は UTC</translation>
+    </message>
+    <message>
+        <source>To keep all of it, import the file again with the option “Read files of today's Evernote whole” (setting ModernENEX).</source>
+        <translation>すべてを残すには、オプション「現在の Evernote のファイルを完全に読む」（設定 ModernENEX）をオンにして、もう一度ファイルを読み込んでください。</translation>
+    </message>
+    <message>
         <source>Two keys of a dictionary cannot be told apart.</source>
         <translation>辞書の 2 つのキーを区別できません。</translation>
+    </message>
+    <message>
+        <source>Unable to create file wrapper for file at path: %@</source>
+        <translation>次のパスのファイルのパッケージを作成できません: %@</translation>
     </message>
     <message>
         <source>Unable to create the temporary directory to export files.</source>
@@ -1052,6 +1308,10 @@
     <message>
         <source>unsupported version</source>
         <translation>対応していないバージョンです</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be said to %2.</source>
+        <translation>「%1」を %2 に伝えることができません。</translation>
     </message>
     <message>
         <source>“%1” cannot be taken twice.</source>

@@ -12,12 +12,84 @@
         <translation> 磅</translation>
     </message>
     <message>
+        <source>%1 (cannot be read)</source>
+        <translation>%1（无法读取）</translation>
+    </message>
+    <message>
+        <source>%1 as they were</source>
+        <translation>%1 个保持不变</translation>
+    </message>
+    <message>
+        <source>%1 as to-do lines</source>
+        <translation>%1 项成为待办行</translation>
+    </message>
+    <message>
         <source>%1 at line %2, column %3</source>
         <translation>%1（第 %2 行，第 %3 列）</translation>
     </message>
     <message>
+        <source>%1 could not be started: %2</source>
+        <translation>无法启动 %1：%2</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <translation>%1 没有答复。</translation>
+    </message>
+    <message>
+        <source>%1 does not understand what it was asked (%2).</source>
+        <translation>%1 无法理解该请求（%2）。</translation>
+    </message>
+    <message>
+        <source>%1 ended before it answered.</source>
+        <translation>%1 在答复之前已退出。</translation>
+    </message>
+    <message>
+        <source>%1 gave an answer that cannot be understood (%2).</source>
+        <translation>无法理解 %1 的答复（%2）。</translation>
+    </message>
+    <message>
+        <source>%1 imported</source>
+        <translation>%1 篇已导入</translation>
+    </message>
+    <message>
+        <source>%1 in skipped notes</source>
+        <translation>%1 个在已跳过的笔记中</translation>
+    </message>
+    <message>
+        <source>%1 is neither running nor installed.</source>
+        <translation>%1 既未运行，也未安装。</translation>
+    </message>
+    <message>
         <source>%1 items could not be imported. The first is “%2”: %3</source>
         <translation>%1 个项目无法导入。第一个是“%2”：%3</translation>
+    </message>
+    <message>
+        <source>%1 kept at the end of their notes</source>
+        <translation>%1 个保留在笔记末尾</translation>
+    </message>
+    <message>
+        <source>%1 lead to imported notes</source>
+        <translation>%1 个指向已导入的笔记</translation>
+    </message>
+    <message>
+        <source>%1 left out</source>
+        <translation>%1 个已略去</translation>
+    </message>
+    <message>
+        <source>%1 not imported</source>
+        <translation>%1 篇未导入</translation>
+    </message>
+    <message>
+        <source>%1 refused what it was asked (%2).</source>
+        <translation>%1 拒绝了该请求（%2）。</translation>
+    </message>
+    <message>
+        <source>%1 shown</source>
+        <translation>%1 个已显示</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>%1 篇已跳过</translation>
     </message>
     <message>
         <source>%1$@ of %2$@</source>
@@ -120,6 +192,10 @@
         <translation>完成(&amp;D)</translation>
     </message>
     <message>
+        <source>&amp;ENEX Files</source>
+        <translation>ENEX 文件(&amp;E)</translation>
+    </message>
+    <message>
         <source>&amp;Edit</source>
         <translation>编辑(&amp;E)</translation>
     </message>
@@ -160,6 +236,10 @@
         <translation>退出(&amp;Q)</translation>
     </message>
     <message>
+        <source>&amp;Read files of today's Evernote whole</source>
+        <translation>完整读取当前版 Evernote 的文件(&amp;R)</translation>
+    </message>
+    <message>
         <source>&amp;Release Notes</source>
         <translation>发行说明(&amp;R)</translation>
     </message>
@@ -188,8 +268,20 @@
         <translation>日期对 XML 属性列表来说过于久远。</translation>
     </message>
     <message>
+        <source>A date of the note is damaged and was left out.</source>
+        <translation>笔记的一个日期已损坏，已略去。</translation>
+    </message>
+    <message>
         <source>A library folder takes no destination, rating, comments, label or tags.</source>
         <translation>资料库文件夹不接受目标位置、评分、注释、标记或标签。</translation>
+    </message>
+    <message>
+        <source>A link is changed where its text is the title of exactly one note of the file. All others keep leading to Evernote.</source>
+        <translation>当链接文字恰好是文件中唯一一篇笔记的标题时，链接会被更改。其他链接仍指向 Evernote。</translation>
+    </message>
+    <message>
+        <source>A note is not there any more.</source>
+        <translation>有一条笔记已不存在。</translation>
     </message>
     <message>
         <source>A secure connection to the server could not be made.</source>
@@ -224,8 +316,20 @@
         <translation>另一个导入正在进行。</translation>
     </message>
     <message>
+        <source>Another note has the same link; only that one was kept.</source>
+        <translation>另一条笔记具有相同的链接；只保留了那一条。</translation>
+    </message>
+    <message>
+        <source>Attachments that the files do not hold: %1</source>
+        <translation>文件中不含的附件：%1</translation>
+    </message>
+    <message>
         <source>Attachments that the note shows but the file does not hold: %1.</source>
         <translation>笔记中显示但文件中没有的附件：%1。</translation>
+    </message>
+    <message>
+        <source>Attachments: %1</source>
+        <translation>附件：%1</translation>
     </message>
     <message>
         <source>Bookmark</source>
@@ -234,6 +338,10 @@
     <message>
         <source>Brings Evernote notes into Quillery.</source>
         <translation>将 Evernote 笔记导入 Quillery。</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose Folder...</source>
+        <translation>选择文件夹(&amp;H)…</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -292,6 +400,10 @@
         <translation>将 ENEX 文件拖放到此处</translation>
     </message>
     <message>
+        <source>Due: %1</source>
+        <translation>截止：%1</translation>
+    </message>
+    <message>
         <source>Elements within more than %1 others</source>
         <translation>元素嵌套超过 %1 层</translation>
     </message>
@@ -300,12 +412,20 @@
         <translation>无法读取的加密内容：%1。以星号代替。</translation>
     </message>
     <message>
+        <source>Encrypted passages: %1</source>
+        <translation>加密内容：%1</translation>
+    </message>
+    <message>
+        <source>Evernote 10 and later write ENEX files in a new way. Read as they stand, such files lose dates and tasks, and tags gain empty entries. Files that are dropped on the window are recognized as long as nothing is chosen here.</source>
+        <translation>Evernote 10 及更高版本以新方式写 ENEX 文件。若按原样读取，日期和任务会丢失，标签会多出空条目。只要未在此处作出选择，拖到窗口上的文件就会被自动识别。</translation>
+    </message>
+    <message>
         <source>Evernote 5.2.0 or later is required.</source>
         <translation>需要 Evernote 5.2.0 或更高版本。</translation>
     </message>
     <message>
-        <source>Evernote cannot be asked for its notes yet.</source>
-        <translation>尚不能向 Evernote 请求笔记。</translation>
+        <source>Evernote did not export this note.</source>
+        <translation>Evernote 没有导出此笔记。</translation>
     </message>
     <message>
         <source>Evernote export files (%1)</source>
@@ -336,12 +456,24 @@
         <translation>正在从“%@”导出笔记</translation>
     </message>
     <message>
+        <source>Exports Folder</source>
+        <translation>导出文件夹</translation>
+    </message>
+    <message>
+        <source>Exports folder:</source>
+        <translation>导出文件夹：</translation>
+    </message>
+    <message>
         <source>Fi&amp;xed-pitch font:</source>
         <translation>等宽字体(&amp;X)：</translation>
     </message>
     <message>
         <source>Files to import, and folders that hold such files.</source>
         <translation>要导入的文件，以及包含此类文件的文件夹。</translation>
+    </message>
+    <message>
+        <source>Flagged</source>
+        <translation>已标记</translation>
     </message>
     <message>
         <source>Font &amp;size:</source>
@@ -408,12 +540,32 @@
         <translation>内容不完整。</translation>
     </message>
     <message>
+        <source>Keep attachments that a note's text does not show</source>
+        <translation>保留笔记正文未显示的附件</translation>
+    </message>
+    <message>
+        <source>Keeps dates, tags and tasks of files that Evernote 10 or later has written.</source>
+        <translation>保留由 Evernote 10 或更高版本写出的文件中的日期、标签和任务。</translation>
+    </message>
+    <message>
         <source>Library Folder</source>
         <translation>资料库文件夹</translation>
     </message>
     <message>
         <source>Library folder:</source>
         <translation>资料库文件夹：</translation>
+    </message>
+    <message>
+        <source>Links between notes lead to the imported notes</source>
+        <translation>笔记间的链接指向已导入的笔记</translation>
+    </message>
+    <message>
+        <source>Links between notes: %1</source>
+        <translation>笔记间的链接：%1</translation>
+    </message>
+    <message>
+        <source>Links that lead to notes which were skipped: %1.</source>
+        <translation>指向已跳过笔记的链接：%1。</translation>
     </message>
     <message>
         <source>Load clipped pages from the web again</source>
@@ -460,6 +612,10 @@
         <translation>未选择笔记本！</translation>
     </message>
     <message>
+        <source>Not everything that the files hold came across.</source>
+        <translation>文件中的内容并未全部导入。</translation>
+    </message>
+    <message>
         <source>Not imported</source>
         <translation>未导入</translation>
     </message>
@@ -484,6 +640,10 @@
         <translation>在没有 Quillery 的电脑上，笔记存放在此处。</translation>
     </message>
     <message>
+        <source>Notes: %1</source>
+        <translation>笔记：%1</translation>
+    </message>
+    <message>
         <source>Nothing could be imported into “%1”: %2</source>
         <translation>无法向“%1”导入任何内容：%2</translation>
     </message>
@@ -498,6 +658,10 @@
     <message>
         <source>Objects are nested too deeply.</source>
         <translation>对象嵌套过深。</translation>
+    </message>
+    <message>
+        <source>On a machine without Evernote its ENEX files are listed as notebooks, from the next start on.</source>
+        <translation>在没有 Evernote 的电脑上，其中的 ENEX 文件会从下次启动起列为笔记本。</translation>
     </message>
     <message>
         <source>Only marked words in comments are tags</source>
@@ -540,8 +704,16 @@
         <translation>找不到 Quillery 应用程序。</translation>
     </message>
     <message>
+        <source>Quillery is ending and takes no more imports.</source>
+        <translation>Quillery 正在退出，不再接受导入。</translation>
+    </message>
+    <message>
         <source>Quit</source>
         <translation>退出</translation>
+    </message>
+    <message>
+        <source>Read files of today's Evernote whole</source>
+        <translation>完整读取当前版 Evernote 的文件</translation>
     </message>
     <message>
         <source>Reason</source>
@@ -554,6 +726,14 @@
     <message>
         <source>Remark</source>
         <translation>备注</translation>
+    </message>
+    <message>
+        <source>Reminder: %1</source>
+        <translation>提醒：%1</translation>
+    </message>
+    <message>
+        <source>Repeats: %1</source>
+        <translation>重复：%1</translation>
     </message>
     <message>
         <source>Search</source>
@@ -600,6 +780,18 @@
         <translation>标准字体(&amp;O)：</translation>
     </message>
     <message>
+        <source>Tasks that were lost because the file was read as it stands: %1.</source>
+        <translation>因按原样读取文件而丢失的任务：%1。</translation>
+    </message>
+    <message>
+        <source>Tasks: %1</source>
+        <translation>任务：%1</translation>
+    </message>
+    <message>
+        <source>That is what Evernote means by them. Otherwise they are taken for the time on the clock.</source>
+        <translation>Evernote 即如此使用。否则视为本地钟表时间。</translation>
+    </message>
+    <message>
         <source>The Internet connection appears to be offline.</source>
         <translation>互联网连接似乎已断开。</translation>
     </message>
@@ -632,6 +824,14 @@
         <translation>中断的导入的目录已损坏。</translation>
     </message>
     <message>
+        <source>The connection to the session bus was lost before %1 answered.</source>
+        <translation>在 %1 答复之前，与会话总线的连接已断开。</translation>
+    </message>
+    <message>
+        <source>The copy of the file could not be written: %1</source>
+        <translation>无法写入文件的副本：%1</translation>
+    </message>
+    <message>
         <source>The damaged settings cannot be kept.</source>
         <translation>无法保留已损坏的设置。</translation>
     </message>
@@ -656,12 +856,28 @@
         <translation>文稿或其中的标签过大。</translation>
     </message>
     <message>
+        <source>The encoding “%1” is not supported.</source>
+        <translation>不支持编码“%1”。</translation>
+    </message>
+    <message>
+        <source>The export “%1” could not be written: %2</source>
+        <translation>无法写入导出“%1”：%2</translation>
+    </message>
+    <message>
         <source>The file does not exist.</source>
         <translation>文件不存在。</translation>
     </message>
     <message>
         <source>The file is a folder.</source>
         <translation>该文件是文件夹。</translation>
+    </message>
+    <message>
+        <source>The file is indented, as today's Evernote writes it. Read as it stands, it loses dates, and tags gain empty entries.</source>
+        <translation>此文件带有缩进，是当前版 Evernote 的写法。按原样读取会丢失日期，标签会多出空条目。</translation>
+    </message>
+    <message>
+        <source>The file is of today's Evernote and was read whole, so that its dates, tags and tasks came across. The options can turn that off.</source>
+        <translation>此文件来自当前版 Evernote，已完整读取，其日期、标签和任务均已导入。可在选项中关闭。</translation>
     </message>
     <message>
         <source>The file isn’t in the correct format.</source>
@@ -674,6 +890,10 @@
     <message>
         <source>The file system of “%1” keeps no attributes.</source>
         <translation>“%1”所在的文件系统不保存属性。</translation>
+    </message>
+    <message>
+        <source>The file “%1” changed while it was read.</source>
+        <translation>文件“%1”在读取过程中发生了更改。</translation>
     </message>
     <message>
         <source>The file “%1” could not be opened: %2.</source>
@@ -732,6 +952,10 @@
         <translation>网络连接已断开。</translation>
     </message>
     <message>
+        <source>The note does not belong to a file of exported notes.</source>
+        <translation>该笔记不属于任何导出的笔记文件。</translation>
+    </message>
+    <message>
         <source>The note's markup was malformed and has been repaired.</source>
         <translation>笔记的标记有误，已修复。</translation>
     </message>
@@ -742,6 +966,14 @@
     <message>
         <source>The note's text does not show the attachment “%1”; it was left out.</source>
         <translation>笔记正文未显示附件“%1”，已将其略去。</translation>
+    </message>
+    <message>
+        <source>The notebook is not there any more.</source>
+        <translation>该笔记本已不存在。</translation>
+    </message>
+    <message>
+        <source>The notebook “%1” holds more notes than can be listed.</source>
+        <translation>笔记本“%1”中的笔记数量超出了可列出的上限。</translation>
     </message>
     <message>
         <source>The operation could not be completed. (%1 error %2.)</source>
@@ -762,6 +994,10 @@
     <message>
         <source>The page was loaded again; its attachment “%1” was left out.</source>
         <translation>网页已重新加载；其附件“%1”已略去。</translation>
+    </message>
+    <message>
+        <source>The page was loaded again; the note's tasks were left out: %1.</source>
+        <translation>网页已重新加载；笔记的任务已略去：%1。</translation>
     </message>
     <message>
         <source>The page “%1” could not be opened.</source>
@@ -826,16 +1062,36 @@
         <translation>没有读取该文件的权限。</translation>
     </message>
     <message>
+        <source>There is no session bus through which %1 could be reached.</source>
+        <translation>没有可用于连接 %1 的会话总线。</translation>
+    </message>
+    <message>
         <source>There were too many redirects.</source>
         <translation>重定向次数过多。</translation>
+    </message>
+    <message>
+        <source>They are added at the note's end. A web clip with such a document becomes a note.</source>
+        <translation>它们会添加到笔记末尾。带有此类文档的网页剪藏会变成笔记。</translation>
     </message>
     <message>
         <source>This is no archived colour.</source>
         <translation>这不是归档的颜色。</translation>
     </message>
     <message>
+        <source>Times in ENEX files are in UTC</source>
+        <translation>ENEX 文件中的时间为 UTC</translation>
+    </message>
+    <message>
+        <source>To keep all of it, import the file again with the option “Read files of today's Evernote whole” (setting ModernENEX).</source>
+        <translation>要全部保留，请启用选项“完整读取当前版 Evernote 的文件”（设置 ModernENEX）后重新导入该文件。</translation>
+    </message>
+    <message>
         <source>Two keys of a dictionary cannot be told apart.</source>
         <translation>字典中的两个键无法区分。</translation>
+    </message>
+    <message>
+        <source>Unable to create file wrapper for file at path: %@</source>
+        <translation>无法为以下路径的文件创建文件包：%@</translation>
     </message>
     <message>
         <source>Unable to create the temporary directory to export files.</source>
@@ -1052,6 +1308,10 @@
     <message>
         <source>unsupported version</source>
         <translation>不支持的版本</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be said to %2.</source>
+        <translation>无法将“%1”传达给 %2。</translation>
     </message>
     <message>
         <source>“%1” cannot be taken twice.</source>

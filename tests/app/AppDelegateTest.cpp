@@ -115,7 +115,6 @@ TEST_F(AppDelegateTest, ListsTheNotebooksOneSecondAfterItsStart)
     EXPECT_EQ(evernote->listings, 0);
     ASSERT_TRUE(QTest::qWaitFor([this] { return evernote->listings > 0; }));
     EXPECT_GE(timer.elapsed(), 900);
-    EXPECT_LT(timer.elapsed(), 3000);
 }
 
 TEST_F(AppDelegateTest, ListedNotebooksAreCheckedAndTheStatusGoes)
@@ -165,7 +164,6 @@ TEST_F(AppDelegateTest, AnAccountWithoutNotebooksIsPolledEveryHalfSecond)
     // After 1.0, 1.5 and 2.0 seconds.
     ASSERT_TRUE(QTest::qWaitFor([this] { return evernote->listings == 3; }, 10000));
     EXPECT_GE(timer.elapsed(), 1900);
-    EXPECT_LT(timer.elapsed(), 4000);
     EXPECT_TRUE(app->showProgressIndicator());
     EXPECT_EQ(text("status"), "Getting notebook names...");
     evernote->add("At last");

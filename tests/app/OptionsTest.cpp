@@ -3,10 +3,11 @@
 
 #include "WindowFixture.h"
 #include "app/ColorSetting.h"
-#include "app/EmbeddedLibrary.h"
 #include "formats/ArchivedColors.h"
+#include "exports/EvernoteExportsFolder.h"
 #include "platform/core/StandardDirectories.h"
 #include "platform/defaults/UserDefaults.h"
+#include "platform/scripting/EmbeddedLibrary.h"
 
 #include <QAccessible>
 #include <QCheckBox>
@@ -38,10 +39,11 @@ protected:
              {"UseHTMLExport", "ExportDebug", "ReloadFromWeb", "DefaultNoteFontName",
               "DefaultNoteFontSize", "DefaultNoteTextColor", "DefaultNoteBackgroundColor",
               "NewNotesShowRuler", "DefaultNoteScaleFactor", "QLPrefixExportedTags",
-              "QLImportedTagsPrefix", "QuilleryLibraryFolder", "EvernoteDownloadWebKitStandardFont",
+              "QLImportedTagsPrefix", "QuilleryLibraryFolder", "EvernoteExportsFolder", "EvernoteDownloadWebKitStandardFont",
               "EvernoteDownloadWebKitFixedFont", "EvernoteDownloadWebKitDefaultFontSize",
               "EvernoteDownloadWebKitDefaultFixedFontSize", "EvernoteDownloadWebKitJavaEnabled",
-              "EvernoteDownloadWebKitJavaScriptEnabled", "EvernoteDownloadWebKitPluginsEnabled"})
+              "EvernoteDownloadWebKitJavaScriptEnabled", "EvernoteDownloadWebKitPluginsEnabled",
+              "ModernENEX", "TimestampsInUTC", "ResolveNoteLinks", "KeepUnreferencedAttachments"})
             static_cast<void>(UserDefaults::standard().removeObject(QLatin1String(key)));
     }
 
@@ -91,6 +93,21 @@ TEST_F(OptionsTest, ClosingEndsTheSheetWithReturnCodeOne)
     EXPECT_EQ(codes.size(), 2);
 }
 
+TEST_F(OptionsTest, HowFilesAreReadIsOffUntilItIsSwitchedOn)
+{
+    showOptions(3);
+    for (const char* const key :
+         {"ModernENEX", "TimestampsInUTC", "ResolveNoteLinks", "KeepUnreferencedAttachments"}) {
+        ASSERT_NE(find<QCheckBox>(key), nullptr) << key;
+        EXPECT_FALSE(find<QCheckBox>(key)->isChecked()) << key;
+        EXPECT_FALSE(find<QCheckBox>(key)->accessibleDescription().isEmpty()) << key;
+        clickSwitch(key);
+        EXPECT_TRUE(defaults().boolForKey(QLatin1String(key))) << key;
+        clickSwitch(key);
+        EXPECT_FALSE(defaults().boolForKey(QLatin1String(key))) << key;
+    }
+}
+
 TEST_F(OptionsTest, ASwitchChangesItsSettingAtOnce)
 {
     showOptions();
@@ -121,7 +138,7 @@ TEST_F(OptionsTest, TheLibraryFolderIsChosenInAPanel)
     showOptions();
     EXPECT_TRUE(
         find<QLineEdit>("QuilleryLibraryFolder")->placeholderText().endsWith("/Quillery Library"));
-    EXPECT_EQ(embeddedLibraryFolder(), defaultEmbeddedLibraryFolder());
+    EXPECT_EQ(platform::embeddedLibraryFolder(), platform::defaultEmbeddedLibraryFolder());
     click("chooseLibraryFolder");
     ASSERT_TRUE(waitForWidget("folderPanel"));
     auto* const panel = find<QFileDialog>("folderPanel");
@@ -130,7 +147,26 @@ TEST_F(OptionsTest, TheLibraryFolderIsChosenInAPanel)
     QTest::keyClick(panel->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
     ASSERT_TRUE(waitUntilGone("folderPanel"));
     EXPECT_EQ(find<QLineEdit>("QuilleryLibraryFolder")->text(), folder.filePath("My Library"));
-    EXPECT_EQ(embeddedLibraryFolder(), folder.filePath("My Library"));
+    EXPECT_EQ(platform::embeddedLibraryFolder(), folder.filePath("My Library"));
+}
+
+TEST_F(OptionsTest, TheExportsFolderIsChosenInAPanelOrTyped)
+{
+    showOptions();
+    auto* const field = find<QLineEdit>("EvernoteExportsFolder");
+    ASSERT_NE(field, nullptr);
+    EXPECT_EQ(field->placeholderText(), EvernoteExportsFolder::defaultDirectory());
+    EXPECT_EQ(EvernoteExportsFolder::directoryOfSettings(),
+              EvernoteExportsFolder::defaultDirectory());
+    click("chooseExportsFolder");
+    ASSERT_TRUE(waitForWidget("folderPanel"));
+    auto* const panel = find<QFileDialog>("folderPanel");
+    QDir().mkpath(folder.filePath("My Exports"));
+    panel->findChild<QLineEdit*>("fileNameEdit")->setText(folder.filePath("My Exports"));
+    QTest::keyClick(panel->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+    ASSERT_TRUE(waitUntilGone("folderPanel"));
+    EXPECT_EQ(field->text(), folder.filePath("My Exports"));
+    EXPECT_EQ(EvernoteExportsFolder::directoryOfSettings(), folder.filePath("My Exports"));
 }
 
 TEST_F(OptionsTest, AFontIsKeptUnderTheNameThatAMacKnows)

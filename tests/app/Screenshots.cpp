@@ -5,6 +5,7 @@
 #include "WindowFixture.h"
 #include "app/Translations.h"
 
+#include <QFileDialog>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QTabWidget>
@@ -208,11 +209,21 @@ TEST_F(Screenshots, ResultOfAWholeImport)
     picture("result-everything");
 }
 
+TEST_F(Screenshots, ThePanelForAFile)
+{
+    folder.write("Garden.enex", mixedNotes);
+    launch();
+    click("chooseFile");
+    ASSERT_TRUE(waitForWidget("openPanel"));
+    find<QFileDialog>("openPanel")->setDirectory(folder.path());
+    picture("open-panel");
+}
+
 TEST_F(Screenshots, Options)
 {
     launch();
     click("optionsButton");
-    for (const int page : {0, 1, 2}) {
+    for (const int page : {0, 1, 2, 3}) {
         find("optionsSheet")->findChild<QTabWidget*>()->setCurrentIndex(page);
         picture(("options-" + std::to_string(page + 1)).c_str());
     }

@@ -64,7 +64,7 @@ QMap<QString, QString> textsOfSources()
                            literals;
     QMap<QString, QString> texts;
     for (const char* const folder :
-         {"platform", "foundation", "formats", "enex", "convert", "webcapture", "import", "app"}) {
+         {"platform", "foundation", "formats", "enex", "convert", "webcapture", "exports", "import", "app"}) {
         QDirIterator files(QStringLiteral(VUPUGE_SOURCE_DIRECTORY "/") + QLatin1String(folder),
                            {"*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {

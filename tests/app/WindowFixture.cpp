@@ -46,8 +46,10 @@ void WindowFixture::TearDown()
 AppDelegate& WindowFixture::launch()
 {
     Environment environment;
-    if (evernote || !evernoteIsInstalled)
+    if (evernote || otherEvernote || !evernoteIsInstalled)
         environment.evernote = [this]() -> std::shared_ptr<platform::EvernoteApplication> {
+            if (otherEvernote)
+                return otherEvernote;
             return evernote;
         };
     environment.scriptingBridge = [this]() -> std::shared_ptr<platform::ScriptingBridge> {

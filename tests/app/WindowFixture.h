@@ -49,6 +49,11 @@ public:
         ++listings;
         return listed;
     }
+    bool exportNotes(const std::vector<std::shared_ptr<platform::EvernoteNote>>&, const QString&,
+                     ExportTags, ExportFormat, platform::Error*) override
+    {
+        return false;
+    }
     void add(const QString& name, std::size_t notes = 0)
     {
         listed.push_back(std::make_shared<FakeNotebook>(name, notes));
@@ -129,6 +134,8 @@ protected:
 
     test::ScratchFolder folder;
     std::shared_ptr<test::FakeEvernote> evernote;
+    // Another one in its place.
+    std::shared_ptr<platform::EvernoteApplication> otherEvernote;
     bool evernoteIsInstalled = true;
     std::shared_ptr<platform::QuilleryLibraryFolder> library;
     std::shared_ptr<test::GatedBridge> gate;

@@ -208,6 +208,14 @@ TEST_F(ENMLRewritingTest, AnEndBeforeItsBeginningRaises)
     EXPECT_THROW(static_cast<void>(m_item->XHTMLStringFromNoteElement(element)), std::out_of_range);
 }
 
+TEST_F(ENMLRewritingTest, AnEndRightBeforeItsBeginningLeavesNothingThatCouldBeRead)
+{
+    EXPECT_EQ(rewritten("<en-note><en-media/><en-media hash=\"0\"/></en-note>"), text("(none)"));
+    EXPECT_EQ(m_error.domain(), text("NSXMLParserErrorDomain"));
+    const auto apart = elementFromBody("<en-note><en-media/> <en-media hash=\"0\"/></en-note>");
+    EXPECT_THROW(static_cast<void>(m_item->XHTMLStringFromNoteElement(apart)), std::out_of_range);
+}
+
 TEST_F(ENMLRewritingTest, AWriteThatFailsEndsTheRewriting)
 {
     const QByteArray hash = addResource("x", "application/pdf", "a.pdf");

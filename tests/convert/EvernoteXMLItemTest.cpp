@@ -4,6 +4,8 @@
 #include "formats/QLNoteFile.h"
 #include "platform/files/ResourceValues.h"
 
+#include "support/UnremovableFolder.h"
+
 namespace {
 
 namespace manifest = platform::manifest;
@@ -385,6 +387,53 @@ TEST_F(EvernoteXMLItemTest, TheScratchFolderGoesAwayAfterAnExceptionToo)
     EXPECT_TRUE(m_folder.tree().isEmpty());
 }
 
+TEST_F(EvernoteXMLItemTest, AScratchFolderThatCannotBeRemovedIsTheErrorOfANoteThatIsWrittenAllTheSame)
+{
+    std::unique_ptr<test::UnremovableFolder> folder;
+    // A resource without data is logged while the scratch folder is in use.
+    const platform::SystemLogObserver observer([&](const QString&) {
+        if (!folder)
+            folder = std::make_unique<test::UnremovableFolder>(m_folder.filePath(m_item->identifier()) + text("/kept"));
+    });
+    addResource("", "application/pdf", "none.pdf");
+    setBody("<en-note>text" + media("0") + "</en-note>");
+    const Record record = convert();
+    ASSERT_TRUE(folder);
+    if (!folder->isMade())
+        GTEST_SKIP() << "no folder can be made that the superuser cannot remove";
+    ASSERT_TRUE(record);
+    EXPECT_EQ(filename(record), text("Title.qlnote"));
+    EXPECT_EQ(m_error.domain(), text("NSCocoaErrorDomain"));
+    EXPECT_TRUE(m_error.localizedDescription().contains(text("/kept")));
+    EXPECT_EQ(noteText(record), text("text[Missing Attachment]\n"));
+}
+
+TEST_F(EvernoteXMLItemTest, OnlyTheExactSourceMakesAClip)
+{
+    for (const char* source : {"web.clip7", "Web.clip", "web.clip ", "mobile.android", ""}) {
+        newItem(source);
+        m_item->noteAttributes().setSource(text(source));
+        m_item->noteAttributes().setSourceURL(text("http://example.org/"));
+        setBody(plainBody);
+        const Record record = convert();
+        ASSERT_TRUE(record) << source;
+        EXPECT_EQ(itemType(record), 1) << source;
+        EXPECT_EQ(record->value(manifest::commentsKey).toString(), text("http://example.org/")) << source;
+    }
+}
+
+TEST_F(EvernoteXMLItemTest, WithoutAFolderRecordFilesGoToTheLibrarysFolders)
+{
+    m_group = nullptr;
+    for (const char* folder : {"Notes", "Documents"})
+        ASSERT_TRUE(QDir(m_folder.path()).mkdir(text(folder)));
+    setBody(plainBody);
+    EXPECT_EQ(convert()->value(manifest::absoluteFilenameKey).toString(), m_folder.filePath("Notes/Title.qlnote"));
+    newItem("Single");
+    makeSingleAttachment("application/pdf", "a.pdf");
+    EXPECT_EQ(convert()->value(manifest::absoluteFilenameKey).toString(), m_folder.filePath("Documents/Single.pdf"));
+}
+
 TEST_F(EvernoteXMLItemTest, AClipWithoutASourceUrlIsANote)
 {
     m_item->noteAttributes().setSource(text("web.clip"));
@@ -412,9 +461,9 @@ TEST_F(EvernoteXMLItemTest, LibraryFoldersByType)
 
 TEST_F(EvernoteXMLItemTest, AttributesThatCannotBeSetCostALineInTheSystemsLog)
 {
-    m_item->setAttributesOnFile(QUrl::fromLocalFile(text("/nowhere/at/all")));
+    m_item->setAttributesOnFile(QUrl::fromLocalFile(text("/nowhere/at all/\u00E9")));
     ASSERT_EQ(m_systemLog.size(), 1);
-    EXPECT_EQ(m_systemLog[0], text("Couldn't set resource values on file:///nowhere/at/all"));
+    EXPECT_EQ(m_systemLog[0], text("Couldn't set resource values on file:///nowhere/at%20all/%C3%A9"));
 }
 
 } // namespace

@@ -80,7 +80,8 @@ TEST_F(NoteDocumentTest, AnImageIsAnAttachmentWithItsBytes)
 
 TEST_F(NoteDocumentTest, NamesThatAPageWouldChangeComeThroughAsTheyAre)
 {
-    for (const char* name : {"Q&A <1>.pdf", "100%.pdf", "a#b?c.pdf", "\"quoted\".pdf", "\u65e5\u672c.pdf", "&amp;.pdf", "x;y,z.pdf"}) {
+    for (const char* name : {"Q&A <1>.pdf", "100%.pdf", "a#b?c.pdf", "\"quoted\".pdf", "\u65e5\u672c.pdf", "&amp;.pdf", "x;y,z.pdf",
+                             "a\uFFFCb.pdf", "\u200Fa\u2028b.pdf", "c\u0085d.pdf"}) {
         newItem("Names");
         const QByteArray pdf = addResource(name, "application/pdf", name);
         const QByteArray image = addResource(QByteArray("image ") + name, "image/png", (std::string("i") + name + ".png").c_str());
@@ -173,6 +174,54 @@ TEST_F(NoteDocumentTest, ACheckboxInACellStaysInItsCell)
                   attributesOf(string, "one").paragraphStyle->textBlocks.back()->table) << word;
     }
     EXPECT_EQ(string.attributesAt(two - 1).paragraphStyle->textBlocks.back()->column, 1);
+}
+
+TEST_F(NoteDocumentTest, WhatStandsAloneInACellLeavesTheTableWhole)
+{
+    const QByteArray pdf = addResource("pdf", "application/pdf", "a.pdf");
+    const QByteArray box = "<en-todo checked=\"true\"/>";
+    const std::vector<std::pair<QByteArray, QByteArray>> contents{
+        {media(pdf), "two"}, {box, "two"}, {"<en-todo/>", "two"}, {box, media(pdf)}, {media(pdf), box}, {box, box}};
+    for (const auto& [one, two] : contents) {
+        newItem();
+        addResource("pdf", "application/pdf", "a.pdf");
+        const AttributedString string = textFor("<en-note><table><tr><td>" + one + "</td><td>" + two + "</td></tr>"
+                                                "<tr><td>" + two + "</td><td>" + one + "</td></tr></table><p>end</p></en-note>");
+        const std::vector<std::pair<int, int>> cells{{0, 0}, {0, 1}, {1, 0}, {1, 1}};
+        std::vector<std::pair<int, int>> found;
+        for (qsizetype position = 0; position < string.length(); ++position) {
+            const auto style = string.attributesAt(position).paragraphStyle;
+            if (!style || style->textBlocks.empty())
+                continue;
+            EXPECT_EQ(style->textBlocks[0]->table, string.attributesAt(0).paragraphStyle->textBlocks[0]->table);
+            const std::pair cell(style->textBlocks[0]->row, style->textBlocks[0]->column);
+            if (found.empty() || found.back() != cell)
+                found.push_back(cell);
+        }
+        EXPECT_EQ(found, cells) << one.constData() << two.constData();
+    }
+}
+
+TEST_F(NoteDocumentTest, AnAttachmentAtTheBeginningOfAParagraphLeavesItsAlignment)
+{
+    const QByteArray pdf = addResource("pdf", "application/pdf", "a.pdf");
+    const AttributedString string = textFor("<en-note><div style=\"text-align:center\">" + media(pdf) + " text</div></en-note>");
+    EXPECT_EQ(string.attributesAt(0).paragraphStyle->alignment, platform::TextAlignment::Center);
+}
+
+TEST_F(NoteDocumentTest, AnAttachmentInPlaceOfItsMarkerHasNoOtherAttributes)
+{
+    static_cast<void>(m_folder.write(text("a.pdf"), "pdf"));
+    platform::TextAttributes attributes;
+    attributes.font = platform::Font::userFont(12);
+    attributes.paragraphStyle = std::make_shared<platform::ParagraphStyle>();
+    AttributedString string(text("x***QUILLERYATTACHMENT a.pdf QUILLERYATTACHMENT***y"), attributes);
+    ASSERT_TRUE(NoteDocument::replaceAttachmentMarkers(string, m_folder.path()));
+    ASSERT_EQ(string.string(), text("x\uFFFCy"));
+    platform::TextAttributes expected;
+    expected.attachment = string.attributesAt(1).attachment;
+    EXPECT_EQ(string.attributesAt(1), expected);
+    EXPECT_EQ(string.attributesAt(2), attributes);
 }
 
 TEST_F(NoteDocumentTest, AnAttachmentThatTheNoteDoesNotShowIsWarnedOf)

@@ -1,120 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "convert/WebClip.h"
 #include "convert/ConversionErrors.h"
-#include "convert/ConversionFixture.h"
-#include "platform/operations/OperationQueue.h"
-#include "platform/propertylist/PropertyList.h"
-#include "platform/webview/LoadErrors.h"
-
-#include "platform/webview/HttpTestServer.h"
-
-#include <QEventLoop>
-
-#include <thread>
+#include "convert/WebClipFixture.h"
+#include "platform/core/Bundle.h"
 
 namespace {
 
 namespace manifest = platform::manifest;
 using manifest::Record;
 using platform::Error;
-
-// Clips wait for the main thread, so they are converted on a queue while the test runs the event
-// loop.
-class WebClipTest : public ConversionTest {
-protected:
-    void SetUp() override
-    {
-        ConversionTest::SetUp();
-        makeClip();
-    }
-
-    void makeClip(const char* title = "Title", const char* sourceUrl = "http://example.org/clipped")
-    {
-        newItem(title);
-        m_item->noteAttributes().setSource(text("web.clip"));
-        m_item->noteAttributes().setSourceURL(text(sourceUrl));
-        setBody("<en-note><p>clipped</p></en-note>");
-    }
-    void reloadFromWeb(const char* path)
-    {
-        platform::UserDefaults::standard().setOverride(text("ReloadFromWeb"), true);
-        m_item->noteAttributes().setSourceURL(m_server.address(text(path)));
-    }
-
-    static void onQueue(const std::function<void()>& work)
-    {
-        platform::OperationQueue queue;
-        queue.addOperationWithBlock(work);
-        QEventLoop loop;
-        std::thread waiter([&] {
-            queue.waitUntilAllOperationsAreFinished();
-            QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
-        });
-        loop.exec();
-        waiter.join();
-    }
-    Record convertClip()
-    {
-        Record record;
-        onQueue([&] { record = convert(); });
-        EXPECT_FALSE(QFileInfo::exists(m_folder.filePath(m_item->identifier())));
-        return record;
-    }
-    // The operation alone, with a scratch folder of its own.
-    std::optional<QUrl> createWebArchive(const QByteArray& body, bool refreshing = false)
-    {
-        m_item->setGroupDict(m_group);
-        const QString scratch = m_folder.filePath(m_item->identifier());
-        QDir(m_folder.path()).mkdir(m_item->identifier());
-        m_item->setIntermediateHTMLDirectoryURL(QUrl::fromLocalFile(scratch));
-        std::optional<QUrl> file;
-        onQueue([&] {
-            file = m_item->createWebArchiveForElement(elementFromBody(body), refreshing, &m_error);
-        });
-        return file;
-    }
-
-    static QString path(const Record& record)
-    {
-        return record->value(manifest::absoluteFilenameKey).toString();
-    }
-    static QString filename(const Record& record)
-    {
-        return record->value(manifest::filenameKey).toString();
-    }
-    static int itemType(const Record& record)
-    {
-        return record->value(manifest::itemTypeKey).toInt();
-    }
-    static QVariantMap archiveAt(const QString& path)
-    {
-        return platform::readPropertyList(path).value_or(QVariant()).toMap();
-    }
-    static QString page(const QVariantMap& archive)
-    {
-        return QString::fromUtf8(archive.value(text("WebMainResource"))
-                                     .toMap()
-                                     .value(text("WebResourceData"))
-                                     .toByteArray());
-    }
-    static QByteArrayList images(const QVariantMap& archive)
-    {
-        QByteArrayList result;
-        for (const QVariant& resource : archive.value(text("WebSubresources")).toList())
-            result += resource.toMap().value(text("WebResourceData")).toByteArray();
-        return result;
-    }
-    static QString originalAddress(const QVariantMap& archive)
-    {
-        return archive.value(text("QuilleryResource"))
-            .toMap()
-            .value(text("QLOriginalWebURL"))
-            .toString();
-    }
-    QStringList systemLogWith(const char* part) const { return m_systemLog.filter(text(part)); }
-
-    test::HttpTestServer m_server;
-};
 
 TEST_F(WebClipTest, AClipBecomesAWebArchive)
 {
@@ -259,6 +153,44 @@ TEST_F(WebClipTest, AClipWithADocumentFallsBackToANoteThatHoldsIt)
     EXPECT_FALSE(m_folder.tree().filter(text(".pdf")).isEmpty());
 }
 
+TEST_F(WebClipTest, AClipThatFallsBackWritesItsAttachmentsAgainUnderFreeNames)
+{
+    // The first try has left its files in the note's folder, where the second one finds them.
+    setBody("<en-note><p>a</p>" + media(addResource("%PDF", "application/pdf", "a.pdf")) +
+            media(addResource("%PDF 2", "application/pdf", "b.pdf")) + "</en-note>");
+    const Record record = convertClip();
+    ASSERT_TRUE(record);
+    const QStringList files = m_folder.tree().filter(text(".pdf"));
+    EXPECT_EQ(files, QStringList({text("Title.qlnote/a 1.pdf"), text("Title.qlnote/b 1.pdf")}));
+    EXPECT_EQ(m_folder.read(files[0]), QByteArray("%PDF"));
+    EXPECT_EQ(m_folder.read(files[1]), QByteArray("%PDF 2"));
+}
+
+TEST_F(WebClipTest, TheMarkersOwnTextFailsTooWhereverItStands)
+{
+    const QByteArray marker = "***QUILLERYATTACHMENT ";
+    EXPECT_FALSE(createWebArchive("<en-note><p>" + marker + "</p></en-note>"));
+    EXPECT_EQ(m_error.code(), 1002);
+    makeClip("Title ***QUILLERYATTACHMENT ");
+    EXPECT_FALSE(createWebArchive("<en-note><p>a</p></en-note>"));
+    EXPECT_EQ(m_error.code(), 1002);
+    // Nothing was written to be loaded.
+    EXPECT_EQ(m_folder.tree().filter(text(".html")), QStringList());
+    makeClip("Title ***quilleryattachment ");
+    EXPECT_TRUE(createWebArchive("<en-note><p>***QUILLERYATTACHMENT</p></en-note>"));
+}
+
+TEST_F(WebClipTest, ATemplateThatCannotBeReadIsAnError)
+{
+    const test::ScratchFolder templates;
+    static_cast<void>(templates.write(text("Template.html"), "\xFF\xFE bytes that are no text"));
+    platform::Bundle::main().setResourceDirectory(templates.path());
+    EXPECT_FALSE(createWebArchive("<en-note><p>a</p></en-note>"));
+    platform::Bundle::main().setResourceDirectory(QString());
+    EXPECT_EQ(m_error.domain(), text("NSCocoaErrorDomain"));
+    EXPECT_EQ(m_folder.tree().filter(text(".html")), QStringList());
+}
+
 TEST_F(WebClipTest, AMalformedMediaTagIsTheRewritingsError)
 {
     // Comments go into the page as they are.
@@ -335,6 +267,17 @@ TEST_F(WebClipTest, AClipOfNothingButOneImageIsThatImage)
     EXPECT_EQ(filename(convertClip()), text("Title.png"));
 }
 
+TEST_F(WebClipTest, AnImageThatCannotBeWrittenAsAFileOfItsOwnStaysAClip)
+{
+    makeClip("AC/DC");
+    setBody("<en-note>" + media(addResource("image", "image/png", "a.png")) + "</en-note>");
+    const Record record = convertClip();
+    ASSERT_TRUE(record);
+    EXPECT_EQ(itemType(record), 7);
+    EXPECT_EQ(filename(record), text("AC-DC.webarchive"));
+    EXPECT_EQ(images(archiveAt(path(record))), QByteArrayList({"image"}));
+}
+
 TEST_F(WebClipTest, ThePageReachesNoOtherFileOfTheUsers)
 {
     m_folder.write(text("secret.png"), "secret");
@@ -343,98 +286,6 @@ TEST_F(WebClipTest, ThePageReachesNoOtherFileOfTheUsers)
     const Record record = convertClip();
     ASSERT_TRUE(record);
     EXPECT_TRUE(images(archiveAt(path(record))).isEmpty());
-}
-
-TEST_F(WebClipTest, WithoutTheSettingThePageIsNotAskedFor)
-{
-    m_item->noteAttributes().setSourceURL(m_server.address(text("/page")));
-    EXPECT_TRUE(convertClip());
-    EXPECT_TRUE(m_server.requests().isEmpty());
-}
-
-TEST_F(WebClipTest, WithTheSettingThePageIsLoadedAgain)
-{
-    m_server.serve(text("/page"), "<p>of today<img src=a.png>");
-    m_server.serve(text("/a.png"), "image of today", "image/png");
-    reloadFromWeb("/page");
-    const Record record = convertClip();
-    ASSERT_TRUE(record);
-    EXPECT_EQ(itemType(record), 7);
-    const QVariantMap archive = archiveAt(path(record));
-    EXPECT_EQ(page(archive), text("<p>of today<img src=a.png>"));
-    EXPECT_EQ(images(archive), QByteArrayList({"image of today"}));
-    EXPECT_EQ(originalAddress(archive), m_server.address(text("/page")));
-    EXPECT_TRUE(m_systemLog.isEmpty());
-}
-
-TEST_F(WebClipTest, AReloadedClipsDocumentIsNotLookedAtButReported)
-{
-    m_server.serve(text("/page"), "<p>of today");
-    setBody("<en-note><p>a</p>" + media(addResource("%PDF", "application/pdf", "a.pdf")) +
-            "</en-note>");
-    reloadFromWeb("/page");
-    const Record record = convertClip();
-    ASSERT_TRUE(record);
-    EXPECT_EQ(itemType(record), 7);
-    EXPECT_EQ(page(archiveAt(path(record))), text("<p>of today"));
-    EXPECT_EQ(m_item->warnings(),
-              QStringList(QString::fromUtf8("The page was loaded again; its attachment "
-                                            "“a.pdf” was left out.")));
-}
-
-TEST_F(WebClipTest, AReloadThatFailsIsRetriedOnceWithWhatWasClipped)
-{
-    reloadFromWeb("/gone");
-    const Record record = convertClip();
-    ASSERT_TRUE(record);
-    EXPECT_EQ(itemType(record), 7);
-    EXPECT_TRUE(page(archiveAt(path(record))).contains(text("clipped")));
-    EXPECT_EQ(originalAddress(archiveAt(path(record))), m_server.address(text("/gone")));
-    EXPECT_EQ(m_server.paths(), QStringList(text("/gone")));
-    EXPECT_EQ(m_systemLog,
-              QStringList(text(
-                  "Refreshing web clipping from web failed, retrying with original data. Failure: "
-                  "Error Domain=EvernoteWebConversionErrorDomain Code=10002 \"not found\"")));
-}
-
-TEST_F(WebClipTest, AReloadThatFailsForAClipWithADocumentEndsAsANote)
-{
-    setBody("<en-note><p>a</p>" + media(addResource("%PDF", "application/pdf", "a.pdf")) +
-            "</en-note>");
-    reloadFromWeb("/gone");
-    const Record record = convertClip();
-    ASSERT_TRUE(record);
-    EXPECT_EQ(itemType(record), 1);
-    ASSERT_EQ(m_systemLog.size(), 2);
-    EXPECT_TRUE(m_systemLog[0].startsWith(text("Refreshing web clipping from web failed")));
-    EXPECT_EQ(m_systemLog[1], text("Web archive conversion failed, reverting to note."));
-}
-
-TEST_F(WebClipTest, OnlyAnAddressOfTheWebIsLoadedAgain)
-{
-    const QString secret = m_folder.write(text("secret.html"), "<p>secret");
-    for (const QString& source :
-         {QUrl::fromLocalFile(secret).toString(), text("about:blank"),
-          text("data:text/html,secret"), text("javascript:1"), text("no address at all")}) {
-        makeClip();
-        reloadFromWeb("/page");
-        m_item->noteAttributes().setSourceURL(source);
-        m_systemLog.clear();
-        const Record record = convertClip();
-        ASSERT_TRUE(record) << qPrintable(source);
-        EXPECT_TRUE(page(archiveAt(path(record))).contains(text("clipped"))) << qPrintable(source);
-        EXPECT_EQ(systemLogWith("Code=-1002").size(), 1) << qPrintable(source);
-    }
-}
-
-TEST_F(WebClipTest, AnAddressWithCharactersThatAUrlMayNotHoldIsEscaped)
-{
-    m_server.serve(text("/a%20b%7Cc"), "<p>of today");
-    reloadFromWeb("/a b%7Cc\n");
-    const Record record = convertClip();
-    ASSERT_TRUE(record);
-    EXPECT_EQ(page(archiveAt(path(record))), text("<p>of today"));
-    EXPECT_EQ(originalAddress(archiveAt(path(record))), m_server.address(text("/a%20b%7Cc")));
 }
 
 TEST_F(WebClipTest, ClipsOfSeveralRunsAreConvertedSideBySide)

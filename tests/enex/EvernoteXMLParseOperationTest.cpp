@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "enex/EvernoteXMLParseOperation.h"
 
+#include "enex/ParseFixture.h"
 #include "enex/EvernoteXMLErrors.h"
-
-#include "support/ScratchFolder.h"
 
 #include <stdexcept>
 #include <thread>
@@ -17,107 +16,7 @@ using ::testing::ElementsAre;
 
 QString text(const char* utf8) { return QString::fromUtf8(utf8); }
 
-// What a note held at its end.
-struct SeenNote {
-    QString title;
-    QByteArray content;
-    std::optional<QDateTime> created;
-    std::optional<QDateTime> updated;
-    QStringList tags;
-    QString source;
-    QString sourceURL;
-    EvernoteXMLNote::Resources resources;
-    QUrl directory;
-    Record group;
-};
-
-class SeeingNote : public EvernoteXMLNote {
-public:
-    using Conversion = std::function<Record(const QString& title, Error*)>;
-
-    SeeingNote(const QUrl& directory, std::vector<SeenNote>& seen, Conversion conversion)
-        : EvernoteXMLNote(directory)
-        , m_seen(seen)
-        , m_conversion(std::move(conversion))
-    {
-    }
-
-    Record itemDictInGroup(const Record& group, Error* error) override
-    {
-        m_seen.push_back({title(), contentData(), created(), updated(), tags(), noteAttributes().source(),
-                          noteAttributes().sourceURL(), resources(), directoryURL(), group});
-        return m_conversion(title(), error);
-    }
-
-private:
-    std::vector<SeenNote>& m_seen;
-    Conversion m_conversion;
-};
-
-// Every test runs with the usual chunks and with chunks of one byte.
-class EvernoteXMLParseOperationTest : public ::testing::TestWithParam<qsizetype> {
-protected:
-    void run(const QByteArray& enex)
-    {
-        runFile(QUrl::fromLocalFile(m_folder.write(text("Notebook.enex"), enex)));
-    }
-
-    void runNotes(const QByteArray& notes) { run("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<en-export>" + notes + "</en-export>"); }
-
-    void runFile(const QUrl& url)
-    {
-        prepare(url);
-        m_operation->start();
-    }
-
-    void prepare(const QUrl& url)
-    {
-        m_operation = EvernoteXMLParseOperation::evernoteParseOperationForFileAtURL(url, m_directory, m_group);
-        m_operation->setReadChunkSize(GetParam());
-        m_operation->setDebugMode(m_debugMode);
-        m_log = std::make_shared<platform::OutputStream>(m_folder.filePath("log"), platform::OutputStream::Mode::Overwrite);
-        ASSERT_TRUE(m_log->open());
-        m_operation->setLogStream(m_log);
-        m_operation->setItemFactory(
-            [this](const QUrl& directory) { return std::make_unique<SeeingNote>(directory, m_seen, m_conversion); });
-        m_operation->setParseOperationDidExportItemBlock([this](const Record& record, const std::optional<Error>& error) {
-            m_records.push_back(record);
-            m_errors.push_back(error);
-            m_titlesInBlock += m_operation->currentItem()->title();
-            if (m_afterEachNote)
-                m_afterEachNote();
-        });
-        m_operation->setParseOperationCompletionBlock([this](const std::optional<Error>& error) { m_completions.push_back(error); });
-    }
-
-    // The log without dates.
-    QStringList logLines()
-    {
-        QStringList lines;
-        for (const QString& line : QString::fromUtf8(m_folder.read(text("log"))).split(u'\n', Qt::SkipEmptyParts))
-            lines += line.mid(26);
-        return lines;
-    }
-
-    test::ScratchFolder m_folder;
-    QUrl m_directory = QUrl::fromLocalFile(text("/import/folder"));
-    Record m_group = makeRecord();
-    bool m_debugMode = false;
-    SeeingNote::Conversion m_conversion = [](const QString& title, Error*) {
-        Record record = makeRecord();
-        record->insert(text("name"), title);
-        return record;
-    };
-    std::function<void()> m_afterEachNote;
-    std::shared_ptr<platform::OutputStream> m_log;
-    std::shared_ptr<EvernoteXMLParseOperation> m_operation;
-
-    std::vector<SeenNote> m_seen;
-    std::vector<Record> m_records;
-    std::vector<std::optional<Error>> m_errors;
-    QStringList m_titlesInBlock;
-    std::vector<std::optional<Error>> m_completions;
-};
+class EvernoteXMLParseOperationTest : public ParseFixture {};
 
 INSTANTIATE_TEST_SUITE_P(Chunks, EvernoteXMLParseOperationTest, ::testing::Values(64 * 1024, 1),
                          [](const auto& chunk) { return chunk.param == 1 ? "OneByte" : "Usual"; });
@@ -416,10 +315,23 @@ TEST_P(EvernoteXMLParseOperationTest, WithoutAParserTheFileEndsWithAnError)
         std::unique_ptr<platform::XMLParser> createParser(platform::InputStream&) override { return nullptr; }
     };
     WithoutParser operation;
+    operation.setEvernoteFileURL(QUrl::fromLocalFile(m_folder.write(text("a.enex"), "<en-export><note/></en-export>")));
     std::vector<std::optional<Error>> completions;
     operation.setParseOperationCompletionBlock([&](const std::optional<Error>& error) { completions.push_back(error); });
     operation.start();
-    // A new operation names no file, so there is no stream either.
+    ASSERT_EQ(completions.size(), 1u);
+    EXPECT_EQ(completions[0], Error(text("EvernoteXMLParseOperationErrorDomain"), 1002, text("Cannot create parser.")));
+    EXPECT_EQ(operation.operationError(), completions[0]);
+    EXPECT_TRUE(operation.operationFinished());
+    EXPECT_FALSE(operation.operationExecuting());
+}
+
+TEST_P(EvernoteXMLParseOperationTest, ANewOperationNamesNoFileAndSoHasNoStream)
+{
+    EvernoteXMLParseOperation operation;
+    std::vector<std::optional<Error>> completions;
+    operation.setParseOperationCompletionBlock([&](const std::optional<Error>& error) { completions.push_back(error); });
+    operation.start();
     ASSERT_EQ(completions.size(), 1u);
     EXPECT_EQ(completions[0]->code(), 1001);
 }

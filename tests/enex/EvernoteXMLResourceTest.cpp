@@ -75,6 +75,14 @@ TEST_F(EvernoteXMLResourceTest, EmptyDataIsNoContentForEveryOperation)
     EXPECT_FALSE(QFileInfo::exists(target));
 }
 
+TEST_F(EvernoteXMLResourceTest, DataOfForeignCharactersAloneIsAnEmptyFileAndNoError)
+{
+    addData(" \n\t ");
+    EXPECT_EQ(m_resource.getContentData(&m_error), QByteArray());
+    EXPECT_TRUE(m_error.isNull());
+    EXPECT_EQ(m_resource.md5Hash(), text("d41d8cd98f00b204e9800998ecf8427e"));
+}
+
 TEST_F(EvernoteXMLResourceTest, RefusesWhatIsNotBase64)
 {
     for (const char* broken : {"QUJ", "Q", "QQ==QQ==", "QUI=Q", "QUJD=", "Q===", "====", "=", "QQ======", "QUJDQ"}) {

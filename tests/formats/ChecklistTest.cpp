@@ -134,10 +134,17 @@ TEST(ChecklistTest, ItemsThatDoNotFitAreGivenUpForTheBoxesInTheText)
 TEST(ChecklistTest, HostileRangesNeitherCrashNorLoseText)
 {
     for (const TextRange range : {TextRange{std::numeric_limits<qsizetype>::max(), 1},
-                                  TextRange{1, std::numeric_limits<qsizetype>::max()}, TextRange{-1, 2}}) {
+                                  TextRange{1, std::numeric_limits<qsizetype>::max()}, TextRange{-7, 2},
+                                  TextRange{std::numeric_limits<qsizetype>::max(), std::numeric_limits<qsizetype>::max()},
+                                  TextRange{std::numeric_limits<qsizetype>::min(), 1}}) {
         AttributedString restored(threeLines);
         restoreChecklists(restored, {std::make_shared<QLNoteChecklistItem>(false, range)});
         EXPECT_EQ(restored.string(), withAttachments("#a\nx\n#b"));
+        // After an item that makes the text longer.
+        AttributedString longer(threeLines);
+        restoreChecklists(longer, {std::make_shared<QLNoteChecklistItem>(false, TextRange{}),
+                                   std::make_shared<QLNoteChecklistItem>(false, range)});
+        EXPECT_EQ(longer.string(), withAttachments("#\u2610 a\nx\n#b"));
     }
 }
 
@@ -146,6 +153,98 @@ TEST(ChecklistTest, ABoxAtTheVeryEndIsRestored)
     AttributedString restored(text("a\n") + checklist::checkedBoxText);
     restoreChecklists(restored, recoverChecklists(restored));
     EXPECT_EQ(restored.string(), withAttachments("a\n#"));
+}
+
+// A table's cell that a line may stand in.
+std::shared_ptr<const platform::ParagraphStyle> styleInCell(const std::shared_ptr<platform::TextTable>& table, int column)
+{
+    auto cell = std::make_shared<platform::TextBlock>();
+    cell->table = table;
+    cell->column = column;
+    auto style = std::make_shared<platform::ParagraphStyle>();
+    style->textBlocks.push_back(cell);
+    return style;
+}
+
+TEST(ChecklistTest, ABoxAloneInItsCellLeavesTheTextOfTheNextCellInItsOwn)
+{
+    const auto table = std::make_shared<platform::TextTable>();
+    AttributedString restored(checklist::checkedBoxText + text("\nabc\n"));
+    restored.setParagraphStyle({0, 4}, styleInCell(table, 0));
+    restored.setParagraphStyle({4, 4}, styleInCell(table, 1));
+    restoreChecklists(restored, recoverChecklists(restored));
+    ASSERT_EQ(restored.string(), withAttachments("#\nabc\n"));
+    for (qsizetype position = 0; position < restored.length(); ++position) {
+        const auto style = restored.attributesAt(position).paragraphStyle;
+        ASSERT_EQ(style->textBlocks.size(), 1u) << position;
+        EXPECT_EQ(style->textBlocks[0]->column, position < 2 ? 0 : 1) << position;
+        EXPECT_EQ(style->headIndent, QLChecklistTextAttachment().checklistParagraphStyle()->headIndent);
+    }
+}
+
+TEST(ChecklistTest, TheStyleReachesAsFarAsTheBoxTextDidOnceTheBoxIsInItsPlace)
+{
+    const auto headIndents = [](const QString& string) {
+        AttributedString restored(string);
+        restoreChecklists(restored, recoverChecklists(restored));
+        QString styled;
+        for (qsizetype position = 0; position < restored.length(); ++position)
+            styled += restored.attributesAt(position).paragraphStyle ? u'+' : u'-';
+        return styled;
+    };
+    // A checked box alone in its line is two characters with the line's end, of the three that it was.
+    EXPECT_EQ(headIndents(checklist::checkedBoxText + text("\nnext\nlast")), text("+++++++----"));
+    EXPECT_EQ(headIndents(checklist::uncheckedBoxText + text("\nnext\nlast")), text("++---------"));
+    EXPECT_EQ(headIndents(checklist::checkedBoxText + text("a\nnext")), text("+++----"));
+    EXPECT_EQ(headIndents(text("a\n") + checklist::checkedBoxText), text("--+"));
+}
+
+TEST(ChecklistTest, ItemsThatFitBeforeOneThatDoesNotStayRestored)
+{
+    const platform::SystemLogObserver observer([](const QString&) {});
+    AttributedString restored(threeLines);
+    const QLNoteChecklistItems used
+        = restoreChecklists(restored, {std::make_shared<QLNoteChecklistItem>(true, TextRange{0, 2}),
+                                       std::make_shared<QLNoteChecklistItem>(true, TextRange{500, 3})});
+    EXPECT_EQ(restored.string(), withAttachments("#a\nx\n#b"));
+    EXPECT_THAT(describe(used), ElementsAre(std::pair(true, TextRange{5, 3})));
+    EXPECT_TRUE(std::dynamic_pointer_cast<QLChecklistTextAttachment>(restored.attributesAt(0).attachment)->isOn());
+}
+
+TEST(ChecklistTest, ItemsOfAnyOrderDoWhatTheyWouldDoOneAfterAnother)
+{
+    std::mt19937 random(5);
+    const auto number = [&random](int below) { return static_cast<qsizetype>(random() % static_cast<unsigned>(below)); };
+    for (int round = 0; round < 2000; ++round) {
+        const QString string = text("0123456789abcdef").first(number(17));
+        QLNoteChecklistItems items;
+        for (qsizetype count = number(5); count > 0; --count)
+            items.push_back(std::make_shared<QLNoteChecklistItem>(false, TextRange{number(18), number(4)}));
+        QString expected = string;
+        qsizetype offset = 0;
+        for (const auto& item : items) {
+            const TextRange target{item->range().location + offset, item->range().length};
+            if (target.location < 0 || target.end() > expected.size())
+                break;
+            expected.replace(target.location, target.length, QChar(AttributedString::attachmentCharacter));
+            offset += 1 - target.length;
+        }
+        const platform::SystemLogObserver observer([](const QString&) {});
+        AttributedString restored(string);
+        restoreChecklists(restored, items);
+        EXPECT_EQ(restored.string(), expected);
+    }
+}
+
+TEST(ChecklistTest, ALongListComesBackWhole)
+{
+    AttributedString restored((checklist::checkedBoxText + text("done\n") + checklist::uncheckedBoxText + text("open\n")).repeated(10000));
+    const QString string = restored.string();
+    const QLNoteChecklistItems items = restoreChecklists(restored, recoverChecklists(restored));
+    EXPECT_EQ(items.size(), 20000u);
+    QLNoteChecklistItems stored;
+    EXPECT_EQ(attributedStringByReplacingChecklists(restored, &stored, {0, restored.length()}).string(), string);
+    EXPECT_EQ(describe(stored), describe(items));
 }
 
 TEST(ChecklistTest, AnyTextComesBackFromTheRoundTrip)

@@ -2,6 +2,7 @@
 #include "formats/QLNoteAttributes.h"
 
 #include "formats/CoderQLExtensions.h"
+#include "formats/ColorArchives.h"
 #include "platform/defaults/UserDefaults.h"
 #include "platform/propertylist/PropertyList.h"
 
@@ -17,15 +18,6 @@ using platform::TextRange;
 using platform::UserDefaults;
 
 QString text(const char* utf8) { return QString::fromUtf8(utf8); }
-
-// The archived colour of a settings file: calibrated red 1, green 0.5, blue 0, alpha 1 in the legacy form.
-QByteArray legacyColor()
-{
-    return QByteArray("\x04\x0Bstreamtyped\x81\xE8\x03\x84\x01@\x84\x84\x84\x07NSColor\x00\x84\x84\x08NSObject\x00\x85\x84\x01"
-                      "c\x01\x84\x04"
-                      "ffff\x01\x83\x00\x00\x00\x3F\x00\x01\x86",
-                      63);
-}
 
 class QLNoteAttributesTest : public ::testing::Test {
 protected:
@@ -98,14 +90,13 @@ TEST_F(QLNoteAttributesTest, ANewRecordTakesThePersonsChoicesForNewNotes)
 {
     setSetting("DefaultNoteScaleFactor", 1.1);
     setSetting("NewNotesShowRuler", true);
-    setSetting("DefaultNoteBackgroundColor", legacyColor());
-    const QLNoteAttributes record;
-    EXPECT_EQ(record.scaleFactor(), static_cast<double>(1.1F));
-    EXPECT_TRUE(record.rulerVisible());
-    ASSERT_TRUE(record.backgroundColor());
-    EXPECT_EQ(record.backgroundColor()->red, 1);
-    EXPECT_EQ(record.backgroundColor()->green, 0.5);
-    EXPECT_EQ(record.backgroundColor()->blue, 0);
+    for (const QByteArray& archive : {test::legacyColorArchive(), test::keyedColorArchive()}) {
+        setSetting("DefaultNoteBackgroundColor", archive);
+        const QLNoteAttributes record;
+        EXPECT_EQ(record.scaleFactor(), static_cast<double>(1.1F));
+        EXPECT_TRUE(record.rulerVisible());
+        EXPECT_EQ(record.backgroundColor(), (Color{1, 0.5, 0, 1, Color::Space::CalibratedRgb}));
+    }
 }
 
 TEST_F(QLNoteAttributesTest, AColourSettingThatIsNoneLeavesNoColour)
@@ -165,6 +156,15 @@ TEST_F(QLNoteAttributesTest, ARectangleLosesWhatIsFinerThanAFloat)
     EXPECT_EQ(read.x(), static_cast<double>(0.1F));
     EXPECT_EQ(read.y(), static_cast<double>(0.2F));
     EXPECT_NE(read.x(), 0.1);
+}
+
+TEST_F(QLNoteAttributesTest, TheHyphenationFactorIsAFloatAndTheScaleADouble)
+{
+    const auto record = std::make_shared<QLNoteAttributes>();
+    record->setHyphenationFactor(0.1);
+    record->setScaleFactor(0.1);
+    EXPECT_EQ(roundTrip(record)->hyphenationFactor(), static_cast<double>(0.1F));
+    EXPECT_EQ(roundTrip(record)->scaleFactor(), 0.1);
 }
 
 TEST_F(QLNoteAttributesTest, ARangeIsStoredAsText)
@@ -227,7 +227,7 @@ TEST_F(QLNoteAttributesTest, MissingKeysDecodeToZeroAndTheSettingsAreNotAsked)
 {
     setSetting("NewNotesShowRuler", true);
     setSetting("DefaultNoteScaleFactor", 2.0);
-    setSetting("DefaultNoteBackgroundColor", legacyColor());
+    setSetting("DefaultNoteBackgroundColor", test::legacyColorArchive());
     const auto read = decodeRaw([](KeyedArchiver&) {});
     ASSERT_TRUE(read);
     EXPECT_EQ(read->fileVersion(), 0);
@@ -252,14 +252,11 @@ TEST_F(QLNoteAttributesTest, MissingColourComponentsAreZero)
 
 TEST_F(QLNoteAttributesTest, ARecordOfTheOldestLayoutReadsItsOwnKeys)
 {
-    const auto color = std::make_shared<platform::ArchivedObject>();
-    color->classNames = {text("NSColor"), text("NSObject")};
-    color->fields = {{text("NSColorSpace"), platform::ArchivedObject::Field::Form::Plain, QVariant(1), {}},
-                     {text("NSRGB"), platform::ArchivedObject::Field::Form::Plain, QByteArray("1 0.5 0\0", 8), {}}};
+    const ArchiveValue color = KeyedUnarchiver::unarchiveObjectWithData(test::keyedColorArchive());
     const auto read = decodeRaw([&color](KeyedArchiver& coder) {
         coder.encodeInt64(1500, text("fileVersion"));
         coder.encodeRect({1, 2, 3, 4}, text("visibleRect"));
-        coder.encodeObject(ArchiveValue::unknown(*color), text("backgroundColor"));
+        coder.encodeObject(color, text("backgroundColor"));
         encodeCGRectInQuillery(coder, {9, 9, 9, 9}, text("visibleCGRect"));
         coder.encodeObject(ArchiveValue::dictionary({{ArchiveValue::string(text("blue")), ArchiveValue::floating(1.0F)}}),
                            text("backgroundColorComponents"));

@@ -2,6 +2,7 @@
 #include "formats/QLNoteFile.h"
 
 #include "formats/ChecklistBoxTexts.h"
+#include "formats/ColorArchives.h"
 #include "formats/FontFamilySubstitution.h"
 #include "formats/QLChecklistTextAttachment.h"
 #include "formats/QLEncryptedItemTypes.h"
@@ -268,6 +269,14 @@ TEST_F(QLNoteFileTest, TheAttributesOfNewTextComeFromTheSettings)
     EXPECT_EQ(QLNoteFile::defaultNoteAttributes().font->family, text("Georgia"));
     EXPECT_EQ(QLNoteFile::defaultNoteAttributes().font->size, 15.5);
     EXPECT_FALSE(QLNoteFile::defaultNoteAttributes().foregroundColor);
+}
+
+TEST_F(QLNoteFileTest, TheColourOfNewTextIsReadFromEitherFormOfArchive)
+{
+    for (const QByteArray& archive : {test::legacyColorArchive(), test::keyedColorArchive()}) {
+        UserDefaults::standard().setOverride(text("DefaultNoteTextColor"), archive);
+        EXPECT_EQ(QLNoteFile::defaultNoteAttributes().foregroundColor, (Color{1, 0.5, 0, 1, Color::Space::CalibratedRgb}));
+    }
 }
 
 TEST_F(QLNoteFileTest, ACopyHasItsOwnTextAndRecordButNotTheRest)

@@ -22,7 +22,7 @@ Pasteboard withText(const QString& text)
 Pasteboard withUrl(const QString& url)
 {
     Pasteboard pasteboard;
-    pasteboard.writeUrl(QUrl(url));
+    pasteboard.writeUrl(platform::Url::fromString(url).value_or(platform::Url()));
     return pasteboard;
 }
 
@@ -40,7 +40,7 @@ QStringList bookmarks(const Pasteboard& pasteboard)
 {
     QStringList texts;
     for (const auto& bookmark : QLWebBookmarkFile::bookmarksWithPasteboard(pasteboard))
-        texts += u"%1 <%2>"_s.arg(bookmark->name(), bookmark->URL().toString(QUrl::FullyEncoded));
+        texts += u"%1 <%2>"_s.arg(bookmark->name(), bookmark->URL().absoluteString());
     return texts;
 }
 
@@ -48,6 +48,11 @@ TEST(CanInitWithPasteboardTest, LinksCan)
 {
     EXPECT_TRUE(canInit(withUrl(u"http://a.example/"_s)));
     EXPECT_TRUE(canInit(withList(QVariantList(), titledUrls)));
+    EXPECT_TRUE(
+        canInit(withList(QVariantList(), platform::uniformTypeForPasteboardType(titledUrls))));
+    Pasteboard both = withUrl(u"http://a.example/"_s);
+    ASSERT_TRUE(both.setPropertyList(QVariantList(), labelled));
+    EXPECT_TRUE(canInit(both));
     QMimeData browser;
     browser.setData(u"text/x-moz-url"_s, "http://a.example/\nTitle");
     EXPECT_TRUE(canInit(Pasteboard(browser)));
@@ -63,7 +68,14 @@ TEST(CanInitWithPasteboardTest, MailMessagesCannot)
         EXPECT_FALSE(canInit(pasteboard));
     }
     EXPECT_FALSE(canInit(withUrl(u"message:%3Cid%3E"_s)));
+    EXPECT_FALSE(canInit(withUrl(u"message://%3Cid@x%3E"_s)));
+    EXPECT_FALSE(canInit(withUrl(u"MESSAGE:%3Cid%3E"_s)));
     EXPECT_FALSE(canInit(withUrl(u"x-postbox-message://a"_s)));
+    EXPECT_TRUE(canInit(withUrl(u"messages:a"_s)));
+    // Not even when the pasteboard offers titled addresses beside it.
+    Pasteboard pasteboard = withUrl(u"message:%3Cid%3E"_s);
+    ASSERT_TRUE(pasteboard.setPropertyList(QVariantList(), titledUrls));
+    EXPECT_FALSE(canInit(pasteboard));
 }
 
 TEST(CanInitWithPasteboardTest, ItemsOfTheNotesApplicationCannot)
@@ -92,15 +104,21 @@ TEST(CanInitWithPasteboardTest, TextsThatAreAddressesCan)
     EXPECT_FALSE(canInit(withText(u"see http://a.example/"_s)));
     EXPECT_FALSE(canInit(withText(u"a.example"_s)));
     EXPECT_FALSE(canInit(withText(u"me@caf\u00e9"_s)));
+    EXPECT_FALSE(canInit(withText(u"http://a.example/\n"_s)));
+    EXPECT_TRUE(canInit(withText(u"notes://showNote"_s)));
+    EXPECT_TRUE(canInit(withText(u"http://a.example/?b|c"_s)));
+    EXPECT_FALSE(canInit(withText(u"a|b@c"_s)));
     EXPECT_FALSE(canInit(withText(QString())));
 }
 
 TEST(BookmarksWithPasteboardTest, TitledUrlsInBothTypes)
 {
-    const QVariantList lists{QVariantList{u"http://a.example/"_s, u"http://b.example/caf\u00e9 x"_s, u"http://[bad"_s, u""_s},
-                             QVariantList{u"A"_s, u"B"_s, u"C"_s, u"D"_s}};
-    // The third address becomes one by escaping its bracket only if a host may hold one.
-    const QStringList expected{u"A <http://a.example/>"_s, u"B <http://b.example/caf%C3%A9%20x>"_s};
+    const QVariantList lists{QVariantList{u"http://a.example/"_s, u"http://b.example/caf\u00e9 x"_s,
+                                          u"http://c:port/"_s, u""_s, u"http://[e"_s},
+                             QVariantList{u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s}};
+    // The third is no URL either way, nor is the empty text.
+    const QStringList expected{u"A <http://a.example/>"_s, u"B <http://b.example/caf%C3%A9%20x>"_s,
+                               u"E <http://%5Be>"_s};
     EXPECT_EQ(bookmarks(withList(lists, titledUrls)), expected);
     EXPECT_EQ(bookmarks(withList(lists, platform::uniformTypeForPasteboardType(titledUrls))), expected);
 }
@@ -139,7 +157,15 @@ TEST(BookmarksWithPasteboardTest, ATextIsAnAddressOrAMailAddress)
     EXPECT_EQ(bookmarks(withText(u"me@a.example"_s)), QStringList{u" <mailto:me@a.example>"_s});
     EXPECT_EQ(bookmarks(withText(u"mailto:me@a.example"_s)), QStringList{u" <mailto:me@a.example>"_s});
     EXPECT_EQ(bookmarks(withText(u"http://me@a.example/"_s)), QStringList{u"a.example <http://me@a.example/>"_s});
+    // The beginning is looked at as it is written.
+    EXPECT_EQ(bookmarks(withText(u"MAILTO:me@a.example"_s)),
+              QStringList{u" <mailto:MAILTO:me@a.example>"_s});
+    EXPECT_EQ(bookmarks(withText(u"notes://showNote?a=B"_s)),
+              QStringList{u"showNote <notes://showNote?a=B>"_s});
+    EXPECT_EQ(bookmarks(withText(u"http://a.example/?b|c"_s)),
+              QStringList{u"a.example <http://a.example/?b%7Cc>"_s});
     EXPECT_EQ(bookmarks(withText(u"two words"_s)), QStringList());
+    EXPECT_EQ(bookmarks(withText(u"http://a.example/\nhttp://b.example/"_s)), QStringList());
     EXPECT_EQ(bookmarks(Pasteboard()), QStringList());
 }
 
@@ -182,17 +208,37 @@ TEST(WriteBookmarkFilesTest, NoBookmarksAreEmptyLists)
     EXPECT_EQ(bookmarks(pasteboard), QStringList());
 }
 
+TEST(WriteBookmarkFilesTest, ABookmarkWithoutAUrlGivesNoUrlAndAnEmptyText)
+{
+    Pasteboard pasteboard;
+    EXPECT_TRUE(QLWebBookmarkFile::writeBookmarkFiles(
+        {QLWebBookmarkFile::bookmarkWithName(u"Name"_s, platform::Url())}, pasteboard));
+    EXPECT_FALSE(pasteboard.offers(platform::pasteboardTypeUrl));
+    EXPECT_EQ(pasteboard.stringForType(platform::pasteboardTypeString), u""_s);
+    // The lists hold the placeholder instead.
+    EXPECT_EQ(bookmarks(pasteboard), QStringList{u"Name <http://www.example.com/>"_s});
+}
+
 TEST(PasteboardPropertyTest, WhatIsWrittenIsReadAgain)
 {
     test::RandomText random(16);
     for (int count = 0; count < 300; ++count) {
         const QString name = u"x"_s + random.next(20);
+        const auto url = platform::Url::fromLooseString(u"http://A.example/"_s + random.next(20));
+        ASSERT_TRUE(url.has_value());
         Pasteboard pasteboard;
-        QLWebBookmarkFile::writeBookmarkFiles(
-            {QLWebBookmarkFile::bookmarkWithName(name, QUrl(u"http://a.example/"_s))}, pasteboard);
+        QLWebBookmarkFile::writeBookmarkFiles({QLWebBookmarkFile::bookmarkWithName(name, *url)},
+                                              pasteboard);
         const auto read = QLWebBookmarkFile::bookmarksWithPasteboard(pasteboard);
         ASSERT_EQ(read.size(), 1);
-        EXPECT_EQ(read.first()->name().size(), QLWebBookmarkFile::bookmarkWithName(name, QUrl())->name().size());
+        EXPECT_EQ(read.first()->URL(), *url);
+        EXPECT_EQ(pasteboard.url(), url);
+        // Unpaired surrogates cannot be written; the length stays.
+        const QString written = QLWebBookmarkFile::bookmarkWithName(name, platform::Url())->name();
+        EXPECT_EQ(read.first()->name().size(), written.size());
+        if (name.isValidUtf16()) {
+            EXPECT_EQ(read.first()->name(), written);
+        }
     }
 }
 

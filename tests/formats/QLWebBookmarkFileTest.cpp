@@ -2,9 +2,12 @@
 #include "formats/QLWebBookmarkFile.h"
 
 #include "foundation/StringCleaningBMExtensions.h"
+#include "platform/propertylist/PropertyList.h"
 #include "support/RandomText.h"
 
+#include <atomic>
 #include <stdexcept>
+#include <thread>
 
 namespace {
 
@@ -12,10 +15,19 @@ using namespace Qt::StringLiterals;
 
 QLWebBookmarkFile::Pointer bookmark(const QString& name, const QString& url)
 {
-    return QLWebBookmarkFile::bookmarkWithName(name, QUrl(url));
+    return QLWebBookmarkFile::bookmarkWithName(
+        name, platform::Url::fromString(url).value_or(platform::Url()));
 }
 
-QString extensionFor(const QString& url) { return QLWebBookmarkFile::fileExtensionForURL(QUrl(url)); }
+platform::Url urlFrom(const QString& text)
+{
+    return platform::Url::fromString(text).value_or(platform::Url());
+}
+
+QString extensionFor(const QString& url)
+{
+    return QLWebBookmarkFile::fileExtensionForURL(urlFrom(url));
+}
 
 TEST(WebBookmarkTest, TheSchemeTellsTheExtension)
 {
@@ -141,6 +153,40 @@ TEST(WebBookmarkTest, ObserversOfIconAndPreviewAreToldOfANewUrl)
     EXPECT_EQ(told, QStringList{u"name"_s});
 }
 
+TEST(WebBookmarkTest, AnAddressStaysAsItWasWritten)
+{
+    for (const QString& text : {u"notes://showNote?identifier=A-B"_s, u"message://%3CId@x%3E"_s,
+                                u"HTTP://A.Example/%7Euser/%c3%a9"_s, u"http://a..b/"_s}) {
+        const auto file = bookmark(u"Name"_s, text);
+        EXPECT_EQ(file->URL().absoluteString(), text);
+        const auto list = platform::propertyListFromData(file->fileData().value());
+        EXPECT_EQ(list->toMap().value(u"URL"_s), QVariant(text));
+        EXPECT_EQ(file->copy()->URL().absoluteString(), text);
+    }
+}
+
+TEST(WebBookmarkTest, TheFileUrlIsSetWholeForOtherThreads)
+{
+    const auto file = bookmark(u"Name"_s, QString());
+    const QUrl one(u"file:///one/"_s + QString(200, u'1'));
+    const QUrl two(u"file:///two/"_s + QString(200, u'2'));
+    file->setFileURL(one);
+    std::atomic<bool> goesOn = true;
+    std::thread setter([&] {
+        while (goesOn) {
+            file->setFileURL(two);
+            file->setFileURL(one);
+        }
+    });
+    for (int count = 0; count < 2000; ++count) {
+        const QUrl seen = file->fileURL();
+        EXPECT_TRUE(seen == one || seen == two);
+    }
+    goesOn = false;
+    setter.join();
+    EXPECT_EQ(file->fileURL(), one);
+}
+
 TEST(WebBookmarkTest, AnObserverMayRemoveItself)
 {
     const auto file = bookmark(u"One"_s, QString());
@@ -171,6 +217,8 @@ TEST(WebBookmarkTest, OnlyWebPagesCanBePreviewed)
     EXPECT_TRUE(bookmark(QString(), u"http://a.example/"_s)->canPreviewBookmark());
     EXPECT_TRUE(bookmark(QString(), u"https://a.example/"_s)->canPreviewBookmark());
     EXPECT_FALSE(bookmark(QString(), u"httpx://a.example/"_s)->canPreviewBookmark());
+    // Exactly so: no other part of the class asks for small letters.
+    EXPECT_FALSE(bookmark(QString(), u"HTTP://a.example/"_s)->canPreviewBookmark());
     EXPECT_FALSE(bookmark(QString(), u"file:///tmp"_s)->canPreviewBookmark());
     EXPECT_FALSE(bookmark(QString(), QString())->canPreviewBookmark());
 }
@@ -189,7 +237,7 @@ TEST(WebBookmarkTest, AnEmptyNameIsNotValid)
 TEST(WebBookmarkTest, AMissingUrlIsNotValid)
 {
     platform::Error error;
-    QUrl url;
+    platform::Url url;
     EXPECT_FALSE(bookmark(QString(), QString())->validateURL(url, &error));
     EXPECT_EQ(error, platform::Error(u"QLWebBookmarkErrorDomain"_s, 10001, u"Bookmark URL must not be empty."_s));
     EXPECT_FALSE(bookmark(QString(), QString())->validateURL(url));
@@ -198,14 +246,19 @@ TEST(WebBookmarkTest, AMissingUrlIsNotValid)
 TEST(WebBookmarkTest, AWebAddressWithoutAPathIsGivenOne)
 {
     const auto validated = [](const QString& text) {
-        QUrl url(text);
+        auto url = platform::Url::fromString(text).value_or(platform::Url());
         EXPECT_TRUE(bookmark(QString(), QString())->validateURL(url));
-        return url.toString();
+        return url.absoluteString();
     };
     EXPECT_EQ(validated(u"http://a.example"_s), u"http://a.example/"_s);
     EXPECT_EQ(validated(u"https://a.example:8443"_s), u"https://a.example:8443/"_s);
     EXPECT_EQ(validated(u"http://a.example/"_s), u"http://a.example/"_s);
     EXPECT_EQ(validated(u"http://a.example/b"_s), u"http://a.example/b"_s);
+    EXPECT_EQ(validated(u"HTTP://A.Example"_s), u"HTTP://A.Example/"_s);
+    // Appended to the whole text, whatever it ends with.
+    EXPECT_EQ(validated(u"http://a.example?b=c"_s), u"http://a.example?b=c/"_s);
+    EXPECT_EQ(validated(u"http://a.example#b"_s), u"http://a.example#b/"_s);
+    EXPECT_EQ(validated(u"httpx://a.example"_s), u"httpx://a.example/"_s);
     EXPECT_EQ(validated(u"ftp://a.example"_s), u"ftp://a.example"_s);
     EXPECT_EQ(validated(u"mailto:me@a.example"_s), u"mailto:me@a.example"_s);
 }
@@ -227,6 +280,12 @@ TEST(WebBookmarkTest, SuggestsAFileNameFromTheAddressWhenTheNameIsOne)
     EXPECT_EQ(suggestion(u"http://a.example/"_s), u"a.example-.webloc"_s);
     EXPECT_EQ(suggestion(u"http://a.example"_s), u"a.example.webloc"_s);
     EXPECT_EQ(suggestion(u"https://a.example/b?c=d"_s), u"a.example-b?c=d.webloc"_s);
+    EXPECT_EQ(suggestion(u"MAILTO:me@a.example"_s), u"me@a.mailloc"_s);
+    EXPECT_EQ(suggestion(u"notes://showNote"_s), u"showNote.inetloc"_s);
+    EXPECT_EQ(suggestion(u"file:///a/bc.txt"_s), u"bc.fileloc"_s);
+    // A last part of one character is too short to be a name.
+    EXPECT_EQ(suggestion(u"http://a.example/b/c.html"_s), u"a.example-b-c.html.webloc"_s);
+    EXPECT_EQ(suggestion(u"http://a.example/b/cd.html"_s), u"cd.webloc"_s);
     EXPECT_EQ(suggestion(u"a:b"_s), u"-inetloc"_s);
     EXPECT_EQ(suggestion(QString()), u"-inetloc"_s);
 }
@@ -253,6 +312,33 @@ TEST_P(WebBookmarkPropertyTest, AnyNameGivesAFileNameWithinTheLimit)
         EXPECT_FALSE(suggestion.contains(u'/') || suggestion.startsWith(u'.'));
         EXPECT_FALSE(file->name().contains(u'\n') || file->name().contains(u'\t') || file->name().contains(u'\r'));
         EXPECT_TRUE(file->fileData().has_value());
+    }
+}
+
+TEST_P(WebBookmarkPropertyTest, AnyAddressHasAnExtensionAFileNameAndAnAnswer)
+{
+    const QStringList types = QLWebBookmarkFile::bookmarkFileTypes();
+    const QString beginnings[] = {u"http://a.example/"_s, u"ftp:"_s, u"mailto:"_s, u"x://"_s,
+                                  u""_s};
+    for (int count = 0; count < 2000; ++count) {
+        const auto url =
+            platform::Url::fromLooseString(beginnings[m_random.number(0, 4)] + m_random.next(40));
+        if (!url)
+            continue;
+        const auto file = QLWebBookmarkFile::bookmarkWithName(u"http://name"_s, *url);
+        EXPECT_TRUE(types.contains(QLWebBookmarkFile::fileExtensionForURL(*url)));
+        EXPECT_EQ(file->iconImage().width, 96);
+        EXPECT_FALSE(file->canPreviewBookmark() && !url->scheme().startsWith(u"http"_s));
+        platform::Url validated = *url;
+        EXPECT_TRUE(file->validateURL(validated));
+        EXPECT_TRUE(validated.absoluteString().startsWith(url->absoluteString()));
+        EXPECT_LE(validated.absoluteString().size(), url->absoluteString().size() + 1);
+        try {
+            const QString name = file->suggestedFilename();
+            EXPECT_FALSE(name.contains(u'/') || name.startsWith(u'.'));
+        } catch (const std::out_of_range&) {
+            FAIL() << "only an extension over 254 units raises";
+        }
     }
 }
 

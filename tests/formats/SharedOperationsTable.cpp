@@ -27,6 +27,11 @@ QString shown(const QString& value)
 
 QString shown(const QUrl& value) { return value.toString(QUrl::FullyEncoded); }
 
+QString shown(const platform::Url& value)
+{
+    return value.absoluteString();
+}
+
 QString shown(const QVariant& value)
 {
     QStringList parts;
@@ -92,6 +97,19 @@ QStringList SharedOperationsTable::headers() const
     return names;
 }
 
+QStringList SharedOperationsTable::operationsWithoutExample() const
+{
+    QStringList names;
+    for (const Header& header : m_headers) {
+        for (const Example& example : header.examples) {
+            const QRegularExpression call(QStringLiteral("\\b%1\\b[<(]").arg(example.operation));
+            if (!call.match(example.code).hasMatch())
+                names += example.operation;
+        }
+    }
+    return names;
+}
+
 QSet<QString> declaredOperations(const QByteArray& header)
 {
     QString text = QString::fromUtf8(header);
@@ -101,7 +119,7 @@ QSet<QString> declaredOperations(const QByteArray& header)
     text.remove(QRegularExpression(QStringLiteral("private:.*"), QRegularExpression::DotMatchesEverythingOption));
     text.remove(QRegularExpression(QStringLiteral("^#[^\n]*$"), QRegularExpression::MultilineOption));
     const QRegularExpression declaration(
-        QStringLiteral("^ {0,4}(?:\\[\\[nodiscard\\]\\] )?(?:static )?(?:const )?[\\w:]+(?:<[^;(]*>)?[&*]? +(\\w+)\\("),
+        QStringLiteral("^ {0,4}(?:\\[\\[nodiscard\\]\\] )?(?:static )?(?:const )?[\\w:]+(?:<[^;(]*>)?[&*]?\\s+(\\w+)\\("),
         QRegularExpression::MultilineOption);
     QSet<QString> names;
     for (auto match = declaration.globalMatch(text); match.hasNext();)

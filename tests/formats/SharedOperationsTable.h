@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/core/Url.h"
+
 #include <QDateTime>
 #include <QSet>
 #include <QString>
@@ -18,6 +20,7 @@ namespace test {
 [[nodiscard]] QString shown(bool value);
 [[nodiscard]] QString shown(const QString& value);
 [[nodiscard]] QString shown(const QUrl& value);
+[[nodiscard]] QString shown(const platform::Url& value);
 [[nodiscard]] QString shown(const QVariant& value);
 [[nodiscard]] QString shown(const QByteArray& value);
 [[nodiscard]] QString shown(const QStringList& value);
@@ -48,6 +51,8 @@ public:
     // Those of one header.
     [[nodiscard]] QSet<QString> operations(const QString& header) const;
     [[nodiscard]] QStringList headers() const;
+    // Those whose example does not even name them.
+    [[nodiscard]] QStringList operationsWithoutExample() const;
 
 private:
     struct Example {

@@ -239,7 +239,7 @@ void SharedOperationsTest::addBookmarkFields()
     EXAMPLE(suggestedFilename, bookmark->suggestedFilename());
     EXAMPLE(canPreviewBookmark, bookmark->canPreviewBookmark());
     QString name;
-    QUrl address(u"http://a.example"_s);
+    platform::Url address = QUrl(u"http://a.example"_s);
     EXAMPLE(validateName, bookmark->validateName(name));
     EXAMPLE(validateURL, bookmark->validateURL(address) ? address : QUrl());
 }
@@ -284,6 +284,7 @@ TEST_F(SharedOperationsTest, TheTableShowsWhatTheExamplesGiveAndHoldsEveryOperat
         EXPECT_EQ(shown(m_table.operations(header)), shown(declared)) << qPrintable(header);
     }
     EXPECT_EQ(m_table.headers().size(), headers.size());
+    EXPECT_EQ(m_table.operationsWithoutExample(), QStringList());
 
     const QString document = source.filePath(u"docs/shared-operations.md"_s);
     const QString table = m_table.markdown(introduction);

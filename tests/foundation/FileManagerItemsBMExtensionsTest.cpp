@@ -2,6 +2,7 @@
 #include "foundation/FileManagerItemsBMExtensions.h"
 
 #include "platform/files/ItemKind.h"
+#include "support/RandomText.h"
 #include "support/ScratchFolder.h"
 
 #include <QDir>
@@ -129,6 +130,18 @@ TEST_F(IsBusyTest, WhatIsNoFileIsNever)
     EXPECT_FALSE(itemIsBusyAtPath(m_folder.filePath("nothing")));
     ASSERT_EQ(::mkfifo(QFile::encodeName(m_folder.filePath("pipe")).constData(), 0600), 0);
     EXPECT_FALSE(itemIsBusyAtPath(m_folder.filePath("pipe")));
+}
+
+TEST_F(ItemsTest, AnyPathIsAnsweredAndNothingThereIsNothing)
+{
+    test::RandomText random(27);
+    for (int count = 0; count < 2000; ++count) {
+        const QString path = m_folder.filePath("nothing-") + random.next(30);
+        EXPECT_FALSE(isDirectoryAtPath(path) || isSymbolicLinkAtPath(path) ||
+                     itemIsBusyAtPath(path));
+        EXPECT_FALSE(isHiddenFileAtPath(path));
+        EXPECT_TRUE(isHiddenFileAtPath(u'.' + random.next(30)));
+    }
 }
 
 } // namespace

@@ -14,6 +14,10 @@ TEST(KindStringForExtensionTest, DescribesAKnownExtension)
     EXPECT_EQ(kindStringForExtension(u"pdf"_s), u"PDF document"_s);
     EXPECT_EQ(kindStringForExtension(u"PDF"_s), u"PDF document"_s);
     EXPECT_EQ(kindStringForExtension(u"png"_s), u"PNG image"_s);
+    EXPECT_EQ(kindStringForExtension(u"webloc"_s), u"Web location"_s);
+    // Types that the system's database alone knows.
+    EXPECT_EQ(kindStringForExtension(u"blend"_s), u"Blender scene"_s);
+    EXPECT_EQ(kindStringForExtension(u"tar.gz"_s), u"Tar archive (gzip-compressed)"_s);
 }
 
 TEST(KindStringForExtensionTest, InTheUsersLanguage)
@@ -26,7 +30,8 @@ TEST(KindStringForExtensionTest, InTheUsersLanguage)
 
 TEST(KindStringForExtensionTest, AnUnknownExtensionIsItsOwnDescription)
 {
-    for (const QString& extension : {u"qqq-unknown"_s, u""_s, u"a b"_s, u"Unknown Thing"_s, u"."_s})
+    for (const QString& extension : {u"qqq-unknown"_s, u""_s, u"a b"_s, u"Unknown Thing"_s, u"."_s,
+                                     u"unknown.pdf"_s, u"x/y.pdf"_s, u"pdf~"_s, u"pdf "_s})
         EXPECT_EQ(kindStringForExtension(extension), extension);
 }
 
@@ -35,6 +40,7 @@ TEST(KindStringForExtensionTest, AnApostropheTellsATypeCode)
     EXPECT_EQ(kindStringForExtension(u"'PDF '"_s), u"PDF document"_s);
     EXPECT_EQ(kindStringForExtension(u"'pdf'"_s), u"'pdf'"_s);
     EXPECT_EQ(kindStringForExtension(u"''"_s), u"''"_s);
+    EXPECT_EQ(kindStringForExtension(u"it's"_s), u"it's"_s);
 }
 
 TEST(KindStringForExtensionTest, AnyTextHasAKind)

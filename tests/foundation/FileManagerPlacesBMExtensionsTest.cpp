@@ -6,6 +6,7 @@
 #include "platform/core/SystemLog.h"
 #include "platform/files/FileManager.h"
 #include "platform/files/TrashFolders.h"
+#include "support/RandomText.h"
 #include "support/ScratchFolder.h"
 
 #include <QCoreApplication>
@@ -47,6 +48,17 @@ TEST(IsURLInTrashTest, ASiblingWhoseNameBeginsLikeTheTrashCountsToo)
     EXPECT_TRUE(isURLInTrash(fileUrl(data + u"/Trashcan/a"_s)));
     EXPECT_TRUE(isURLInTrash(fileUrl(data + u"/Trash"_s)));
     EXPECT_FALSE(isURLInTrash(fileUrl(data + u"/Tras"_s)));
+}
+
+TEST(IsURLInTrashTest, IsThePlainBeginningOfThePath)
+{
+    test::RandomText random(28);
+    for (int count = 0; count < 1000; ++count) {
+        const QString rest = random.next(20).remove(QChar(0));
+        const QString trash = platform::StandardDirectories::applicationSupport() + u"/Trash"_s;
+        EXPECT_TRUE(isURLInTrash(fileUrl(trash + rest)) || !rest.isValidUtf16());
+        EXPECT_FALSE(isURLInTrash(fileUrl(u"/x"_s + rest)));
+    }
 }
 
 TEST(TrashFoldersTest, EachIsNamedOnceAndTheUsersComesFirst)
@@ -113,6 +125,11 @@ TEST(CloudLibrariesTest, AreToldFromTheUsersHome)
     EXPECT_TRUE(isUbiquityEnabledForDesktopAndDocumentsFolders());
 
     ASSERT_TRUE(QFile::remove(home + u"/Desktop"_s));
+    EXPECT_FALSE(isUbiquityEnabledForDesktopAndDocumentsFolders());
+    ASSERT_TRUE(
+        QFile::link(home + u"/Dropbox/Desktop"_s, platform::StandardDirectories::documents()));
+    EXPECT_TRUE(isUbiquityEnabledForDesktopAndDocumentsFolders());
+    ASSERT_TRUE(QFile::remove(platform::StandardDirectories::documents()));
     ASSERT_TRUE(QDir(home + u"/.dropbox"_s).removeRecursively());
     ASSERT_TRUE(QDir(home + u"/Dropbox"_s).removeRecursively());
 }

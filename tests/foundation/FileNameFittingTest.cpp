@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/FileNameFitting.h"
 
-#include "support/ScratchFolder.h"
-
 namespace {
 
 QString text(const char* utf8) { return QString::fromUtf8(utf8); }
@@ -33,52 +31,12 @@ TEST(FileNameFittingTest, CutsAnExtensionThatLeavesNoRoom)
     EXPECT_EQ(fileNameFittingBytes(name, 255), name.first(255));
 }
 
-TEST(FileNameFittingTest, AFreeNameFitsWithItsNumberToo)
-{
-    const test::ScratchFolder folder;
-    const QUrl url = QUrl::fromLocalFile(folder.path());
-    const QString name = QString(100, QChar(0x65E5)) + text(".qlnote");
-    QStringList names;
-    for (int count = 0; count < 12; ++count) {
-        names += freeFileNameInDirectoryAtURL(name, url);
-        EXPECT_LE(names.back().toUtf8().size(), 255);
-        EXPECT_TRUE(names.back().endsWith(text(".qlnote")));
-        static_cast<void>(folder.write(names.back(), "x"));
-    }
-    EXPECT_EQ(names.removeDuplicates(), 0);
-    EXPECT_EQ(folder.tree().size(), 12);
-}
-
-TEST(FileNameFittingTest, ANameOfFullLengthThatIsTakenGetsAFreeOneToo)
-{
-    const test::ScratchFolder folder;
-    const QUrl url = QUrl::fromLocalFile(folder.path());
-    for (const QString& name : {QString(255, u'a'), QString(248, u'b') + text(".qlnote")}) {
-        for (int count = 0; count < 12; ++count) {
-            const QString free = freeFileNameInDirectoryAtURL(name, url);
-            EXPECT_FALSE(QFileInfo::exists(folder.filePath(free)));
-            static_cast<void>(folder.write(free, "x"));
-        }
-    }
-    EXPECT_EQ(folder.tree().size(), 24);
-}
-
-TEST(FileNameFittingTest, ANumberBehindALineBreakIsNotLost)
-{
-    const test::ScratchFolder folder;
-    const QUrl url = QUrl::fromLocalFile(folder.path());
-    for (int count = 0; count < 4; ++count) {
-        const QString free = freeFileNameInDirectoryAtURL(text("*\n   "), url);
-        EXPECT_FALSE(QFileInfo::exists(folder.filePath(free))) << testing::PrintToString(free);
-        static_cast<void>(folder.write(free, "x"));
-    }
-    EXPECT_EQ(folder.tree().size(), 4);
-}
-
 TEST(FileNameFittingTest, ATitleWhoseExtensionIsNoneIsCut)
 {
     EXPECT_EQ(fileNameFromTitle(text("Report.") + QString(5000, u'x')).size(), 254);
     EXPECT_EQ(fileNameFromTitle(text("a/b.txt")), text("a-b.txt"));
+    const QString hidden = QString(300, QChar(0x200B)) + text("Report.") + QString(300, u'x');
+    EXPECT_EQ(fileNameFromTitle(hidden), text("Report.") + QString(247, u'x'));
 }
 
 } // namespace

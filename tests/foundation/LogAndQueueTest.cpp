@@ -107,6 +107,27 @@ TEST(BMXLogManagerTest, AppendsStandardErrorToTheFileAndGivesItBack)
     EXPECT_EQ(other.read(text("log")), "third\n");
 }
 
+TEST(BMXLogManagerTest, TheEndOfARedirectionThatWasReplacedChangesNothing)
+{
+    const test::ScratchFolder folder;
+    BMXLogManager& manager = BMXLogManager::sharedManager();
+    const quint64 first = manager.redirectStandardErrorToFileAtPath(folder.filePath("first"));
+    const quint64 second = manager.redirectStandardErrorToFileAtPath(folder.filePath("second"));
+    ASSERT_TRUE(first && second);
+    manager.endRedirection(first);
+    std::fputs("still\n", stderr);
+    manager.endRedirection(second);
+    EXPECT_FALSE(manager.isRedirected());
+    EXPECT_EQ(folder.read(text("second")), "still\n");
+    // An end that comes twice, or of a redirection that there never was, is nobody's.
+    const quint64 third = manager.redirectStandardErrorToFileAtPath(folder.filePath("third"));
+    manager.endRedirection(second);
+    manager.endRedirection(0);
+    EXPECT_TRUE(manager.isRedirected());
+    manager.endRedirection(third);
+    EXPECT_FALSE(manager.isRedirected());
+}
+
 TEST(BMXLogManagerTest, AFileThatCannotBeOpenedChangesNothing)
 {
     EXPECT_FALSE(BMXLogManager::sharedManager().redirectStandardErrorToFileAtPath(text("/nowhere/at/all/log")));

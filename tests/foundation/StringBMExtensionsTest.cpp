@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/StringBMExtensions.h"
 
+#include "platform/core/CharacterSet.h"
+#include "platform/core/PathUtilities.h"
+#include "support/RandomText.h"
 #include "support/ScratchFolder.h"
 
 #include <stdexcept>
 
 namespace {
+
+using namespace Qt::StringLiterals;
 
 QString text(const char* utf8) { return QString::fromUtf8(utf8); }
 
@@ -128,5 +133,61 @@ TEST_F(MakeFilenameUniqueTest, AMissingFolderHasEveryNameFree)
 {
     EXPECT_EQ(makeFilenameUniqueInDirectoryAtURL(text("x"), QUrl::fromLocalFile(m_folder.filePath("gone"))), text("x"));
 }
+
+class FileNamePropertyTest : public ::testing::TestWithParam<unsigned> {
+protected:
+    // Over and under the limit alike.
+    QString nextName() { return m_random.next(m_random.number(0, 3) == 0 ? 600 : 40); }
+
+    test::RandomText m_random{GetParam()};
+    test::ScratchFolder m_folder;
+};
+
+TEST_P(FileNamePropertyTest, AnyTextMakesASafeNameOrRaisesForItsExtension)
+{
+    for (int count = 0; count < 3000; ++count) {
+        const QString title = nextName();
+        QString name;
+        try {
+            name = stringSanitizedForFileName(title);
+        } catch (const std::out_of_range&) {
+            EXPECT_GT(platform::pathExtension(title).size(), 250);
+            continue;
+        }
+        EXPECT_LE(name.size(), 255);
+        EXPECT_LE(name.size(), title.size());
+        EXPECT_FALSE(name.contains(u'/') || name.contains(u':') || name.contains(u'~'));
+        EXPECT_FALSE(std::any_of(name.begin(), name.end(), [](QChar unit) {
+            return platform::isNewlineCharacter(unit.unicode());
+        }));
+        // A name over the limit whose extension leaves no room for more begins with the dot.
+        EXPECT_FALSE(name.startsWith(u'.') && name.size() < 255);
+        // Blanks that a cut has left at the end are all that a second time finds to do.
+        if (!name.startsWith(u'.')) {
+            EXPECT_EQ(stringSanitizedForFileName(name),
+                      platform::trimmedOfWhitespaceAndNewlines(name).toString());
+        }
+    }
+}
+
+TEST_P(FileNamePropertyTest, ANameThatIsTakenGetsAnotherThatIsSafe)
+{
+    const QUrl url = QUrl::fromLocalFile(m_folder.path());
+    for (int count = 0; count < 150; ++count) {
+        const QString name =
+            stringSanitizedForFileName(m_random.next(30)).remove(QChar(0)).trimmed();
+        if (name.isEmpty() || !name.isValidUtf16() || name.toUtf8().size() > 200)
+            continue;
+        EXPECT_EQ(makeFilenameUniqueInDirectoryAtURL(name, url), name);
+        m_folder.write(name, "x");
+        const QString other = makeFilenameUniqueInDirectoryAtURL(name, url);
+        EXPECT_NE(other, name);
+        EXPECT_TRUE(other.endsWith(u'1') || other.contains(u" 1."_s)) << qPrintable(other);
+        EXPECT_EQ(platform::pathExtension(other), platform::pathExtension(name));
+        ASSERT_TRUE(QFile::remove(m_folder.filePath(name)));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, FileNamePropertyTest, ::testing::Values(21U, 20130418U, 0xBEEFU));
 
 } // namespace

@@ -50,6 +50,17 @@ TEST(FileDisplayNameTest, LeavesOutAnExtensionThatTheItemHides)
     EXPECT_EQ(fileDisplayName(path), u"Shopping.list"_s);
 }
 
+TEST(FileDisplayNameTest, AnyPathHasOne)
+{
+    test::RandomText random(24);
+    for (int count = 0; count < 2000; ++count) {
+        const QString path = u"/nowhere/"_s + random.next(40);
+        const QString name = fileDisplayName(path);
+        EXPECT_FALSE(name.isEmpty() || name.contains(u'/')) << qPrintable(path);
+        EXPECT_TRUE(path.contains(name));
+    }
+}
+
 TEST(FileDisplayNameTest, AnItemThatIsNotThereShowsItsLastComponent)
 {
     EXPECT_EQ(fileDisplayName(u"/nowhere/at/all.txt"_s), u"all.txt"_s);

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QTranslator>
 
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -109,6 +110,36 @@ TEST(StringForTimeIntervalTest, AnyNumberGivesAPhrase)
               u"9223372036854775807 days remaining"_s);
     EXPECT_EQ(stringForTimeInterval(-std::numeric_limits<double>::infinity()),
               u"-9223372036854775808 days remaining"_s);
+}
+
+TEST(StringForTimeIntervalTest, EveryTimeIsToldInItsLargestUnit)
+{
+    test::RandomText random(22);
+    const qint64 units[] = {86400, 3600, 60};
+    const QString names[] = {u"day"_s, u"hour"_s, u"minute"_s};
+    for (int count = 0; count < 3000; ++count) {
+        const double seconds = random.number(0, 100'000'000) / double(random.number(1, 100'000));
+        QString expected;
+        for (int unit = 0; unit < 3 && expected.isEmpty(); ++unit) {
+            if (const qint64 whole = qint64(seconds) / units[unit])
+                expected = stringWithQuantity(whole, names[unit], names[unit] + u's');
+        }
+        if (expected.isEmpty())
+            expected = stringWithQuantity(qint64(std::ceil(seconds)), u"second"_s, u"seconds"_s);
+        EXPECT_EQ(stringForTimeInterval(seconds), expected + u" remaining"_s) << seconds;
+    }
+}
+
+TEST(StringWithQuantityTest, AnyWordsFollowTheNumberAsTheyAre)
+{
+    test::RandomText random(23);
+    for (int count = 0; count < 1000; ++count) {
+        const QString singular = random.next(10);
+        const QString plural = random.next(10);
+        const qint64 quantity = random.number(-2, 2);
+        EXPECT_EQ(stringWithQuantity(quantity, singular, plural),
+                  QString::number(quantity) + u' ' + (quantity == 1 ? singular : plural));
+    }
 }
 
 class GermanTranslator : public QTranslator {

@@ -2,6 +2,7 @@
 #include "foundation/StringQLExtensions.h"
 
 #include "foundation/StringProgressQLExtensions.h"
+#include "platform/core/ByteCountFormatter.h"
 #include "platform/defaults/UserDefaults.h"
 #include "support/RandomText.h"
 
@@ -9,6 +10,7 @@
 #include <QTranslator>
 
 #include <limits>
+#include <random>
 
 namespace {
 
@@ -95,6 +97,17 @@ TEST(IsEncryptedFileTest, KnowsTheEncryptedItemsExtensions)
     EXPECT_FALSE(isEncryptedFile(u".qlencryptnote"_s));
 }
 
+TEST(IsEncryptedFileTest, OnlyWhatEndsInAnEncryptedExtensionIs)
+{
+    test::RandomText random(25);
+    for (int count = 0; count < 2000; ++count) {
+        const QString name = random.next(12);
+        EXPECT_FALSE(isEncryptedFile(name));
+        EXPECT_TRUE(isEncryptedFile(u"x"_s + name.left(5) + u"y.qlencryptimage"_s));
+        EXPECT_FALSE(isEncryptedFile(name + u".qlencryptimagE"_s));
+    }
+}
+
 class SpotlightCommentsTest : public ::testing::Test {
 protected:
     void TearDown() override { UserDefaults::standard().clearOverrides(); }
@@ -144,6 +157,17 @@ TEST_F(SpotlightCommentsTest, WordsWithAPrefixAreTags)
     EXPECT_EQ(tagNamesFromSpotlightComments(u"@red &blue #x"_s), Tags({u"red"_s, u"blue"_s}));
     prefixTags(u"#!"_s);
     EXPECT_EQ(tagNamesFromSpotlightComments(u"!a #b"_s), Tags({u"a"_s, u"b"_s}));
+    // Appended whole: it does not occur so in "@&".
+    prefixTags(u"&@+"_s);
+    EXPECT_EQ(tagNamesFromSpotlightComments(u"+a @b &c"_s), Tags({u"a"_s, u"b"_s, u"c"_s}));
+    EXPECT_EQ(tagNamesFromSpotlightComments(u"@_ @."_s), Tags({u" "_s, u" "_s}));
+}
+
+TEST_F(SpotlightCommentsTest, APrefixBeyondTheBasicPlaneIsOneCharacter)
+{
+    prefixTags(u"\U0001F516"_s);
+    EXPECT_EQ(tagNamesFromSpotlightComments(u"\U0001F516red \U0001F517blue \U0001F516"_s),
+              Tags(QStringList{u"red"_s}));
 }
 
 TEST_F(SpotlightCommentsTest, WithoutTheSettingThereIsNoComment)
@@ -192,6 +216,20 @@ TEST(ProgressTest, CountsAreShownInTheFileStyle)
     EXPECT_EQ(stringForDataRate(1'200'000), u"1.2 MB/sec"_s);
     EXPECT_EQ(stringForDataRate(0), u"Zero KB/sec"_s);
     EXPECT_EQ(stringForDataRate(std::numeric_limits<qint64>::min()), u"-9.22 EB/sec"_s);
+}
+
+TEST(ProgressTest, AnyCountsHaveATextThatNamesBoth)
+{
+    std::mt19937_64 random(26);
+    for (int count = 0; count < 3000; ++count) {
+        const auto completed = qint64(random() >> (random() % 64));
+        const auto total = qint64(random());
+        const QString text = stringForBytesCompleted(completed, total);
+        EXPECT_EQ(text, platform::byteCountString(completed) + u" of "_s +
+                            platform::byteCountString(total));
+        EXPECT_EQ(stringForDataRate(total), platform::byteCountString(total) + u"/sec"_s);
+        EXPECT_LT(platform::byteCountString(total).size(), 16);
+    }
 }
 
 class SwappingTranslator : public QTranslator {

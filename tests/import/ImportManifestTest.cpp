@@ -12,7 +12,10 @@ namespace {
 namespace manifest = platform::manifest;
 using manifest::Record;
 
-QString text(const char* utf8) { return QString::fromUtf8(utf8); }
+QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
 
 Record item(const QString& identifier, const QString& name)
 {
@@ -48,7 +51,8 @@ TEST(ImportManifestTest, TheFileIsThePropertyListWrittenWhole)
         list.addItems(items({text(name) + text("-b"), text(name) + text("-a")}), folder);
     }
     ASSERT_TRUE(list.write());
-    const auto whole = platform::propertyListData(list.propertyList(), platform::PropertyListFormat::Xml);
+    const auto whole =
+        platform::propertyListData(list.propertyList(), platform::PropertyListFormat::Xml);
     ASSERT_TRUE(whole);
     EXPECT_EQ(test::readFile(list.path()), *whole);
     EXPECT_EQ(scratch.tree(), QStringList{manifest::fileName});
@@ -73,13 +77,39 @@ TEST(ImportManifestTest, ItemsStandInTheirFolderInTheirOrderAndLearnItInTheList)
     list.addFolder(folder);
     const ItemRecordList records = items({text("C"), text("A"), text("B")});
     list.addItems(records, folder);
-    EXPECT_EQ(folder->value(manifest::itemsKey).toStringList(), QStringList({text("C"), text("A"), text("B")}));
+    EXPECT_EQ(folder->value(manifest::itemsKey).toStringList(),
+              QStringList({text("C"), text("A"), text("B")}));
     EXPECT_FALSE(records.at(0)->contains(manifest::folderKey));
     const QVariantMap entered = entities(list.propertyList(), manifest::itemEntity);
     EXPECT_EQ(entered.keys(), QStringList({text("A"), text("B"), text("C")}));
     for (const QVariant& record : entered)
-        EXPECT_EQ(record.toMap().value(manifest::folderKey), folder->value(manifest::identifierKey));
+        EXPECT_EQ(record.toMap().value(manifest::folderKey),
+                  folder->value(manifest::identifierKey));
     EXPECT_EQ(entered.value(text("A")).toMap().value(manifest::nameKey).toString(), text("Note A"));
+}
+
+TEST(ImportManifestTest, EachItemNamesTheFolderOfItsOwnNotebook)
+{
+    ImportManifest list(text("/files"));
+    QMap<QString, QVariant> folders;
+    for (const char* name : {"One", "Two", "Empty"}) {
+        const Record folder = ImportManifest::newFolderRecord(text(name));
+        list.addFolder(folder);
+        list.addItems(text(name) == text("Empty") ? ItemRecordList()
+                                                  : items({text(name) + text(" item")}),
+                      folder);
+        folders.insert(text(name), folder->value(manifest::identifierKey));
+    }
+    const QVariantMap entered = entities(list.propertyList(), manifest::itemEntity);
+    EXPECT_EQ(entered.keys(), QStringList({text("One item"), text("Two item")}));
+    for (const char* name : {"One", "Two"})
+        EXPECT_EQ(entered.value(text(name) + text(" item")).toMap().value(manifest::folderKey),
+                  folders.value(text(name)));
+    const QVariantMap empty = entities(list.propertyList(), manifest::folderEntity)
+                                  .value(folders.value(text("Empty")).toString())
+                                  .toMap();
+    EXPECT_EQ(empty.value(manifest::itemsKey).typeId(), int(QMetaType::QStringList));
+    EXPECT_TRUE(empty.value(manifest::itemsKey).toStringList().isEmpty());
 }
 
 TEST(ImportManifestTest, OfItemsWithOneIdentifierTheLastIsWritten)
@@ -96,7 +126,12 @@ TEST(ImportManifestTest, OfItemsWithOneIdentifierTheLastIsWritten)
     EXPECT_EQ(test::readFile(list.path()).count("<key>A</key>"), 1);
     const auto read = platform::readPropertyList(list.path());
     ASSERT_TRUE(read);
-    EXPECT_EQ(entities(*read, manifest::itemEntity).value(text("A")).toMap().value(manifest::nameKey).toString(), text("third"));
+    EXPECT_EQ(entities(*read, manifest::itemEntity)
+                  .value(text("A"))
+                  .toMap()
+                  .value(manifest::nameKey)
+                  .toString(),
+              text("third"));
 }
 
 TEST(ImportManifestTest, AnItemThatHasNoPlaceInAPropertyListIsAnErrorAndLeavesNoFile)

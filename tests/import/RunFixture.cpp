@@ -130,11 +130,10 @@ void ImportRunTest::run(const std::shared_ptr<EvernoteExportOperation>& operatio
     platform::OperationQueue queue;
     queue.addOperation(operation);
     QEventLoop loop;
-    const auto file = std::dynamic_pointer_cast<EvernoteXMLFileExportOperation>(operation);
     std::thread waiter([&] {
         queue.waitUntilAllOperationsAreFinished();
-        if (file)
-            file->parserQueue().waitUntilAllOperationsAreFinished();
+        if (platform::OperationQueue* const conversions = operation->conversionQueue())
+            conversions->waitUntilAllOperationsAreFinished();
         QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
     });
     loop.exec();

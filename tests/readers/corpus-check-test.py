@@ -18,7 +18,7 @@ import base64, datetime, hashlib, importlib.util, json, os, plistlib, sys, uuid
 import xml.etree.ElementTree as ElementTree
 spec = importlib.util.spec_from_file_location("enex_facts", "%(here)s/enex-facts.py")
 facts_of = importlib.util.module_from_spec(spec); spec.loader.exec_module(facts_of)
-arguments, fault = sys.argv[1:], "%(fault)s"
+arguments, fault = [a for a in sys.argv[1:] if a != "--exact"], "%(fault)s"
 root, report, path = arguments[1], arguments[3], arguments[4]
 if fault == "crash": os.abort()
 if fault == "failure": sys.exit(1)

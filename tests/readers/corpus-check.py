@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """corpus-check.py --import PROGRAM --reader RTFD-READER ENEX_FILE_OR_FOLDER...
 
-Imports every ENEX file and judges the result with readers that share no code with the program: no file
+Imports every ENEX file as it stands and judges the result with readers that share no code with the program: no file
 may crash the run or lose a note without a word; every manifest must hold; every note must show the text
 and the attachments that the ENEX file holds. Prints "compared N notes, M equal" and each note that
 differs. Exit code 0 when all agree, 77 when no input is there (skipped), else 1.
@@ -101,7 +101,7 @@ class Corpus:
         os.makedirs(home)
         report_path = os.path.join(work, "report.json")
         try:
-            run = subprocess.run([self.program, "--files-folder", work, "--report", report_path, path],
+            run = subprocess.run([self.program, "--exact", "--files-folder", work, "--report", report_path, path],
                                  env=self.environment(home), stdin=subprocess.DEVNULL, capture_output=True,
                                  timeout=ALLOWED_SECONDS)
         except subprocess.TimeoutExpired:
@@ -227,7 +227,9 @@ class Corpus:
         wanted, given = seen(note["text"]), seen(text)
         if matches(wanted, given, note["images"], note["changesCase"]):
             return
-        if is_nested and closed_up(wanted) == closed_up(given):
+        fold = str.lower if note["changesCase"] else str
+        images = [[closed_up(text) if text else text for text in image] for image in note["images"]]
+        if is_nested and matches(closed_up(wanted), closed_up(given), images, note["changesCase"]):
             self.gaps["nothing between nested cells"] += 1
             return
         if not note["bodyWellFormed"]:
@@ -235,7 +237,8 @@ class Corpus:
             if sorted(wanted.split()) == sorted(given.split()):
                 self.gaps["another repair of a broken body"] += 1
                 return
-        at = next((i for i, (a, b) in enumerate(zip(wanted, given)) if a != b), min(len(wanted), len(given)))
+        at = next((i for i, (a, b) in enumerate(zip(wanted, given)) if fold(a) != fold(b)),
+                  min(len(wanted), len(given)))
         self.problem(where, f"the text differs at {at}:\n    wanted ...{wanted[max(0, at - 30):at + 50]!r}"
                             f"\n    given  ...{given[max(0, at - 30):at + 50]!r}")
 
@@ -260,19 +263,25 @@ class Corpus:
             self.problem(where, f"{items} archived checkboxes, {boxes} in the text")
 
 
+def enex_files(paths):
+    """The ENEX files at the paths and in the folders at them."""
+    files = []
+    for path in paths:
+        if os.path.isdir(path):
+            files += [os.path.join(folder, name) for folder, _, names in sorted(os.walk(path))
+                      for name in sorted(names) if name.endswith(".enex")]
+        elif os.path.isfile(path):
+            files.append(path)
+    return files
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--import", dest="program", required=True)
     parser.add_argument("--reader", required=True)
     parser.add_argument("inputs", nargs="+")
     arguments = parser.parse_args()
-    files = []
-    for path in arguments.inputs:
-        if os.path.isdir(path):
-            files += [os.path.join(folder, name) for folder, _, names in sorted(os.walk(path))
-                      for name in sorted(names) if name.endswith(".enex")]
-        elif os.path.isfile(path):
-            files.append(path)
+    files = enex_files(arguments.inputs)
     if not files:
         print(f"skipped: there is nothing at {', '.join(arguments.inputs)}")
         return SKIP

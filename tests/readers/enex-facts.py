@@ -3,7 +3,7 @@
 """enex-facts.py FILE: reads an ENEX file without any of the program's code and prints JSON.
 
 {"wellFormed": bool, "notes": [{"title", "tags", "created", "updated", "source", "sourceURL",
- "hasBody", "bodyWellFormed", "text", "media", "images", "changesCase",
+ "hasBody", "bodyWellFormed", "content", "text", "media", "images", "changesCase",
  "resources": [{"md5", "size", "mime", "name"}]}]}
 
 "text" is what a reader of the note sees, white space collapsed: a checkbox as its two or three
@@ -208,6 +208,7 @@ def note_facts(note):
         "sourceURL": note.findtext("note-attributes/source-url") or "",
         "hasBody": bool(re.sub(r"<\?xml[^>]*\?>|<!DOCTYPE[^>]*>", "", content).strip()),
         "bodyWellFormed": well_formed,
+        "content": content,
         "text": body.text(),
         "media": body.media,
         "images": body.images,

@@ -14,6 +14,7 @@ import plistlib
 import struct
 import subprocess
 import threading
+import time
 import zlib
 
 HERE = os.path.dirname(os.path.abspath(__file__))
@@ -28,9 +29,9 @@ def load(name):
 
 
 class Answer:
-    def __init__(self, body, kind="text/html", status=200, headers=(), packed=False):
+    def __init__(self, body, kind="text/html", status=200, headers=(), packed=False, slow=False):
         self.body = body if isinstance(body, bytes) else body.encode("utf-8")
-        self.kind, self.status, self.headers = kind, status, list(headers)
+        self.kind, self.status, self.headers, self.slow = kind, status, list(headers), slow
         if packed:
             self.body = gzip.compress(self.body)
             self.headers.append(("Content-Encoding", "gzip"))
@@ -57,7 +58,7 @@ class Site:
                     self.send_header(name, value)
                 self.end_headers()
                 with contextlib.suppress(OSError):
-                    self.wfile.write(answer.body)
+                    site.write(self.wfile, answer)
 
             def log_message(self, *_):
                 pass
@@ -71,6 +72,15 @@ class Site:
         self.server = Server(("127.0.0.1", port), Handler)
         self.port = self.server.server_address[1]
         threading.Thread(target=self.server.serve_forever, daemon=True).start()
+
+    @staticmethod
+    def write(stream, answer):
+        if not answer.slow:
+            stream.write(answer.body)
+            return
+        for byte in answer.body:
+            stream.write(bytes([byte]))
+            time.sleep(0.002)
 
     def address(self, path):
         return f"http://127.0.0.1:{self.port}{path}"

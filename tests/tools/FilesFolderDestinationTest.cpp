@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "platform/propertylist/PropertyList.h"
 #include "support/SmallVolume.h"
+#include "tools/BlockedOutput.h"
 #include "tools/CommandFixture.h"
 
 namespace {
@@ -30,6 +32,110 @@ TEST_F(FilesFolderDestinationTest, SeveralFilesShareOneFilesFolder)
     const QByteArray log = m_folder.read(text("out/Evernote Export.log"));
     for (const char* title : {"One", "Two", "Three"})
         EXPECT_TRUE(log.contains(title));
+}
+
+TEST_F(FilesFolderDestinationTest, TheManifestNamesTheFolderInItsPlace)
+{
+    for (const QStringList& files :
+         {QStringList{file("A.enex", note("One"))},
+          QStringList{file("A.enex", note("One")), file("sub/A.enex", note("Two"))}}) {
+        ASSERT_EQ(runIntoOut(files).status, 0);
+        const auto list = platform::readPropertyList(path("out/Evernote/Evernote.qllibxml"));
+        ASSERT_TRUE(list);
+        EXPECT_EQ(list->toMap().keys(), (QStringList{text("Entities"), text("ExporterVersion"),
+                                                     text("RemoveFileOnCompletion")}));
+        EXPECT_EQ(list->toMap().value(text("RemoveFileOnCompletion")).toString(),
+                  path("out/Evernote"));
+        const QVariantMap folders = entities(path("out"), "Folder");
+        const QVariantMap items = entities(path("out"), "Item");
+        ASSERT_EQ(items.size(), files.size());
+        for (auto item = items.cbegin(); item != items.cend(); ++item) {
+            const QVariantMap record = item->toMap();
+            EXPECT_TRUE(QFileInfo(record.value(text("absoluteFilename")).toString()).isDir());
+            const QVariantMap folder =
+                folders.value(record.value(text("folder")).toString()).toMap();
+            EXPECT_EQ(folder.value(text("items")).toStringList(), QStringList(item.key()));
+        }
+    }
+}
+
+TEST_F(FilesFolderDestinationTest, AnEarlierImportStaysWhereNoRunGetsToItsEnd)
+{
+    ASSERT_EQ(runIntoOut({file("A.enex", note("One"))}).status, 0);
+    const QByteArray manifest = m_folder.read(text("out/Evernote/Evernote.qllibxml"));
+    const QString noExport = m_folder.write(text("no export.enex"), "%PDF-1.4");
+    const QString badEncoding =
+        file("bad.enex", note("One") + "<note><resource><data>x</data></resource></note>");
+    for (const QStringList& files :
+         {QStringList{noExport}, QStringList{badEncoding}, QStringList{noExport, badEncoding}}) {
+        const CommandResult result = runIntoOut(files);
+        EXPECT_EQ(result.status, 1);
+        EXPECT_FALSE(result.output.contains(text("  In ")));
+        EXPECT_EQ(m_folder.read(text("out/Evernote/Evernote.qllibxml")), manifest);
+        EXPECT_TRUE(exists("out/Evernote/A/One.qlnote/TXT.rtf"));
+        EXPECT_EQ(
+            QDir(path("out")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+            (QStringList{text("Evernote"), text("Evernote Export.log")}));
+    }
+    const QByteArray log = m_folder.read(text("out/Evernote Export.log"));
+    EXPECT_LT(log.indexOf("Error counting notes: "), log.indexOf("Converting \"One\""));
+}
+
+TEST_F(FilesFolderDestinationTest, OneFileOfSeveralThatGetsToItsEndReplacesAnEarlierImport)
+{
+    ASSERT_EQ(runIntoOut({file("A.enex", note("One"))}).status, 0);
+    const QString noExport = m_folder.write(text("no export.enex"), "%PDF-1.4");
+    const CommandResult result = runIntoOut({file("B.enex", note("Two")), noExport});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(result.output.contains(text("  In ") + path("out/Evernote")));
+    EXPECT_FALSE(exists("out/Evernote/A"));
+    EXPECT_EQ(entities(path("out"), "Item").size(), 1);
+}
+
+TEST_F(FilesFolderDestinationTest, WhatAKilledRunLeftAsideIsRemovedByTheNext)
+{
+    ASSERT_EQ(runIntoOut({file("A.enex", note("One"))}).status, 0);
+    const auto aside = [this] {
+        return QDir(path("out")).entryList({text(".vupuge-import-*")}, QDir::Dirs | QDir::Hidden);
+    };
+    QProcess process;
+    test::BlockedOutput output(0);
+    output.attach(process);
+    start(process, {text("--files-folder"), text("out"), file("B.enex", note("Two"))});
+    ASSERT_TRUE(
+        test::waitUntil([&] { return aside().size() == 1 && exists("out/Evernote Export.log"); }));
+    // Another run meanwhile leaves it alone.
+    ASSERT_EQ(runIntoOut({path("A.enex")}).status, 0);
+    EXPECT_EQ(aside().size(), 1);
+    process.kill();
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(aside().size(), 1);
+    EXPECT_TRUE(exists("out/Evernote/A/One.qlnote"));
+    m_folder.write(text("out/.vupuge-import-own/precious"), "x");
+    ASSERT_EQ(runIntoOut({path("B.enex")}).status, 0);
+    EXPECT_EQ(aside(), QStringList(text(".vupuge-import-own")));
+    EXPECT_TRUE(exists("out/Evernote/B/Two.qlnote"));
+}
+
+TEST_F(FilesFolderDestinationTest, WhatSomebodyPutInTheFoldersPlaceMeanwhileIsNotReplaced)
+{
+    QProcess process;
+    test::BlockedOutput output(0);
+    output.attach(process);
+    start(process, {text("--files-folder"), text("out"), text("--report"), text("report.json"),
+                    file("A.enex", note("One")), file("B.enex", note("Two"))});
+    ASSERT_TRUE(test::waitUntil([&] { return exists("out/Evernote Export.log"); }));
+    m_folder.write(text("out/Evernote/Notebook.enex"), "precious");
+    const QString said = QString::fromUtf8(output.readAll());
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.exitCode(), 1);
+    EXPECT_TRUE(process.readAllStandardError().contains("was not made by an earlier import"));
+    EXPECT_TRUE(
+        said.endsWith(text("2 notes: 0 became items, none were skipped, 2 were not imported.\n")))
+        << qPrintable(said);
+    EXPECT_EQ(m_folder.read(text("out/Evernote/Notebook.enex")), "precious");
+    for (const QJsonValue& entry : runs())
+        EXPECT_EQ(entry.toObject().value(text("outcome")).toString(), text("failed"));
 }
 
 TEST_F(FilesFolderDestinationTest, WhatLiesAtTheNameOfAFolderAsideIsLeftAlone)
@@ -104,8 +210,8 @@ TEST_F(FilesFolderDestinationTest, AFullDiskUnderTheManifestIsAFailureAndNothing
     if (!volume.isMounted())
         GTEST_SKIP() << "no volume can be mounted here";
     const QString path = file("A.enex", note("One").repeated(400));
-    const CommandResult result
-        = run({text("--files-folder"), volume.path(), text("--report"), text("report.json"), path});
+    const CommandResult result =
+        run({text("--files-folder"), volume.path(), text("--report"), text("report.json"), path});
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(result.errors.contains(text("Evernote.qllibxml"))) << qPrintable(result.errors);
     EXPECT_TRUE(result.errors.contains(text("was not written whole")));

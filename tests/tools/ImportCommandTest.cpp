@@ -63,6 +63,20 @@ TEST_F(ImportCommandTest, BrokenFilesFailWithAMessageThatNamesThem)
     }
 }
 
+TEST_F(ImportCommandTest, AFileThatBreaksInTheMiddleIsReportedWithLineAndColumn)
+{
+    // The header takes the first line.
+    const QByteArray good = note("One") + "\n";
+    const CommandResult result
+        = runIntoOut({text("--report"), text("report.json"),
+                      file("A.enex", good.repeated(499) + "<note><title>Broken</note>\n" + good.repeated(500))});
+    EXPECT_EQ(result.status, 1);
+    const QString reason = runs()[0].toObject().value(text("error")).toObject().value(text("text")).toString();
+    EXPECT_TRUE(reason.contains(text(" at line 501, column "))) << qPrintable(reason);
+    EXPECT_TRUE(result.errors.contains(text("A.enex: ") + reason)) << qPrintable(result.errors);
+    EXPECT_FALSE(exists("out/Evernote"));
+}
+
 TEST_F(ImportCommandTest, AFileThatCannotBeReadFailsWithoutTouchingTheEarlierImport)
 {
     ASSERT_EQ(runIntoOut({file("A.enex", note("One"))}).status, 0);

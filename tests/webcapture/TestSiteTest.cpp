@@ -1,180 +1,226 @@
 // SPDX-License-Identifier: MIT
 //
 // Pages of every build, byte for byte and frame by frame.
-#include "webcapture/CaptureFixture.h"
+#include "webcapture/TestSite.h"
 
 #include <QtEndian>
 
 namespace {
 
+using TestSiteTest = TestSite;
 using test::HttpAnswer;
 
-class TestSiteTest : public CaptureTest {
-protected:
-    QVariantMap archive(const char* path = "/page")
-    {
-        return archiveOf(convert(m_server.url(text(path))));
+// RFC 1952, round the deflated data that lies between the header and the checksum of Qt's own form.
+QByteArray gzip(const QByteArray& plain)
+{
+    quint32 checksum = 0xFFFFFFFF;
+    for (const char byte : plain) {
+        checksum ^= static_cast<uchar>(byte);
+        for (int bit = 0; bit < 8; ++bit)
+            checksum = (checksum >> 1) ^ (checksum & 1 ? 0xEDB88320 : 0);
     }
-    void expectResources(const QVariantMap& found,
-                         const QList<std::pair<QByteArray, QByteArray>>& expected)
-    {
-        QList<std::pair<QByteArray, QByteArray>> resources;
-        for (const QVariantMap& resource : subresources(found)) {
-            const QString url = resource.value(text("WebResourceURL")).toString();
-            resources.append(
-                {url.mid(m_server.address(QString()).size()).toUtf8(), bytes(resource)});
-        }
-        EXPECT_EQ(resources, expected);
-    }
-    // RFC 1952, round the deflated data that lies between the header and the checksum of Qt's own
-    // form.
-    static QByteArray gzip(const QByteArray& plain)
-    {
-        quint32 checksum = 0xFFFFFFFF;
-        for (const char byte : plain) {
-            checksum ^= static_cast<uchar>(byte);
-            for (int bit = 0; bit < 8; ++bit)
-                checksum = (checksum >> 1) ^ (checksum & 1 ? 0xEDB88320 : 0);
-        }
-        QByteArray trailer(8, '\0');
-        qToLittleEndian<quint32>(~checksum, trailer.data());
-        qToLittleEndian<quint32>(quint32(plain.size()), trailer.data() + 4);
-        const QByteArray compressed = qCompress(plain);
-        return QByteArray("\x1F\x8B\x08\0\0\0\0\0\0\x03", 10) + compressed.sliced(6).chopped(4) +
-               trailer;
-    }
-};
+    QByteArray trailer(8, '\0');
+    qToLittleEndian<quint32>(~checksum, trailer.data());
+    qToLittleEndian<quint32>(quint32(plain.size()), trailer.data() + 4);
+    const QByteArray compressed = qCompress(plain);
+    return QByteArray("\x1F\x8B\x08\0\0\0\0\0\0\x03", 10) + compressed.sliced(6).chopped(4) +
+           trailer;
+}
 
 TEST_F(TestSiteTest, APageWithStylesAndImages)
 {
-    const QByteArray page =
+    const QByteArray document =
         "<!DOCTYPE html><link rel=stylesheet href='css/a.css'><link rel=icon href=icon.png>"
-        "<img src=one.png srcset='two.png 2x'><p style='background:url(inline.png)'>text";
-    m_server.serve(text("/page"), page);
-    m_server.serve(text("/css/a.css"), "@import 'b.css'; p{background:url(../back.png)}",
-                   "text/css");
-    m_server.serve(text("/css/b.css"),
-                   "/* url(no.png) */ @font-face{font-family:f;src:url(f.woff2)} p{font-family:f}",
-                   "text/css");
+        "<img src=one.png srcset='two.png 2x'><p style='background:url(inline.png)'>text"
+        "<style>q{background:url(own.png)}</style>";
+    const QByteArray a = "@import 'b.css'; p{background:url(../back.png)} "
+                         "@media print{p{background:url(no.png)}}";
+    const QByteArray b =
+        "/* url(no.png) */ @font-face{font-family:f;src:url(f.woff2)} p{font-family:f}";
     QByteArray everyByte;
     for (int value = 0; value < 256; ++value)
         everyByte += static_cast<char>(value);
-    m_server.serve(text("/one.png"), everyByte, "image/png");
-    m_server.serve(text("/icon.png"), "icon", "image/png");
-    m_server.serve(text("/inline.png"), "inline", "image/png");
-    m_server.serve(text("/back.png"), "back", "image/png");
-    m_server.serve(text("/css/f.woff2"), "font", "font/woff2");
+    page("/page", document);
+    styles("/css/a.css", a);
+    styles("/css/b.css", b);
+    page("/css/f.woff2", "font", "font/woff2");
+    image("/one.png", everyByte);
+    for (const char* name : {"icon", "inline", "back", "own"})
+        image(qPrintable(QStringLiteral("/%1.png").arg(QLatin1String(name))), name);
     const QVariantMap found = archive();
-    EXPECT_EQ(bytes(mainResource(found)), page);
-    QStringList addresses = paths(found);
-    addresses.sort();
-    EXPECT_EQ(addresses, QStringList({text("/back.png"), text("/css/a.css"), text("/css/b.css"),
-                                      text("/css/f.woff2"), text("/icon.png"), text("/inline.png"),
-                                      text("/one.png")}));
-    for (const QVariantMap& resource : subresources(found)) {
-        if (resource.value(text("WebResourceURL")).toString().endsWith(text("/one.png"))) {
-            EXPECT_EQ(bytes(resource), everyByte);
-            EXPECT_EQ(resource.value(text("WebResourceMIMEType")).toString(), text("image/png"));
-        }
+    expectArchive(found, {"/page",
+                          document,
+                          {{"/css/a.css", a},
+                           {"/css/b.css", b},
+                           {"/css/f.woff2", "font"},
+                           {"/back.png", "back"},
+                           {"/icon.png", "icon"},
+                           {"/one.png", everyByte},
+                           {"/inline.png", "inline"},
+                           {"/own.png", "own"}}});
+    QStringList types;
+    for (const QVariantMap& resource : subresources(found))
+        types += resource.value(text("WebResourceMIMEType")).toString();
+    EXPECT_EQ(types, QStringList({text("text/css"), text("text/css"), text("font/woff2"),
+                                  text("image/png"), text("image/png"), text("image/png"),
+                                  text("image/png"), text("image/png")}));
+}
+
+TEST_F(TestSiteTest, ImagesInAllTheirForms)
+{
+    const QByteArray document =
+        "<base href=/img/><body background=body.png><img srcset='s.png 300w, l.png 1600w' "
+        "sizes=100vw><picture><source media='(max-width:500px)' srcset=no.png>"
+        "<source srcset=source.png><img src=no.png></picture><input type=image src=input.png>"
+        "<object data=object.png></object><embed src=embed.png><video poster=poster.png></video>"
+        "<svg><image href=svg.png /><use xlink:href='use.svg#part'/></svg>"
+        "<img src='data:image/png;base64,AAAA'>";
+    page("/page", document);
+    QList<std::pair<QByteArray, QByteArray>> resources;
+    for (const char* name : {"body.png", "l.png", "source.png", "input.png", "object.png",
+                             "embed.png", "poster.png", "svg.png", "use.svg"}) {
+        image(qPrintable(QStringLiteral("/img/%1").arg(QLatin1String(name))), name);
+        resources.append({QByteArray("/img/") + name, name});
     }
+    expectPage({"/page", document, resources});
 }
 
 TEST_F(TestSiteTest, FramesWithinFramesEachWithItsOwnResources)
 {
-    m_server.serve(text("/page"), "<img src=top.png><iframe name=a src=a.html></iframe>"
-                                  "<iframe name=b srcdoc='<img src=b.png>'></iframe>");
-    m_server.serve(text("/a.html"), "<img src=a.png><iframe name=c src=c.html></iframe>");
-    m_server.serve(text("/c.html"), "<img src=c.png>");
+    const QByteArray document = "<img src=top.png><iframe name=a src=a.html></iframe>"
+                                "<iframe name=b srcdoc='<img src=b.png>'></iframe>"
+                                "<iframe></iframe><object data=d.html name=d></object>";
+    const QByteArray a = "<img src=a.png><img src=top.png><iframe name=c src=c.html></iframe>";
+    page("/page", document);
+    page("/a.html", a);
+    page("/c.html", "<img src=c.png>");
+    page("/d.html", "<p>object");
     for (const char* name : {"top", "a", "b", "c"})
-        m_server.serve(QStringLiteral("/%1.png").arg(QLatin1String(name)), name, "image/png");
-    const QVariantMap found = archive();
-    expectResources(found, {{"/top.png", "top"}});
-    ASSERT_EQ(subframes(found).size(), 2);
-    const QVariantMap a = subframes(found)[0];
-    const QVariantMap b = subframes(found)[1];
-    expectResources(a, {{"/a.png", "a"}});
-    expectResources(b, {{"/b.png", "b"}});
-    EXPECT_EQ(mainResource(a).value(text("WebResourceFrameName")).toString(), text("a"));
-    EXPECT_EQ(bytes(mainResource(b)), QByteArray("<img src=b.png>"));
-    ASSERT_EQ(subframes(a).size(), 1);
-    expectResources(subframes(a)[0], {{"/c.png", "c"}});
-    EXPECT_EQ(bytes(mainResource(subframes(a)[0])), QByteArray("<img src=c.png>"));
+        image(qPrintable(QStringLiteral("/%1.png").arg(QLatin1String(name))), name);
+    expectPage({"/page",
+                document,
+                {{"/top.png", "top"}},
+                {{"/a.html",
+                  a,
+                  {{"/a.png", "a"}, {"/top.png", "top"}},
+                  {{"/c.html", "<img src=c.png>", {{"/c.png", "c"}}, {}, "c"}},
+                  "a"},
+                 {"about:srcdoc", "<img src=b.png>", {{"/b.png", "b"}}, {}, "b"},
+                 {"about:blank",
+                  "<html><head></head><body></body></html>",
+                  {},
+                  {},
+                  "<!--framePath //<!--frame2-->-->"},
+                 {"/d.html", "<p>object", {}, {}, "d"}}});
 }
 
-TEST_F(TestSiteTest, AFrameset)
+TEST_F(TestSiteTest, AFramesetOfFramesets)
 {
-    m_server.serve(
-        text("/page"),
-        "<frameset cols='50%,50%'><frame name=left src=l.html><frame src=r.html></frameset>");
-    m_server.serve(text("/l.html"), "<p>left");
-    m_server.serve(text("/r.html"), "<p>right");
-    const QVariantMap found = archive();
-    ASSERT_EQ(subframes(found).size(), 2);
-    EXPECT_EQ(bytes(mainResource(subframes(found)[0])), QByteArray("<p>left"));
-    EXPECT_EQ(bytes(mainResource(subframes(found)[1])), QByteArray("<p>right"));
-    EXPECT_FALSE(
-        mainResource(subframes(found)[1]).value(text("WebResourceFrameName")).toString().isEmpty());
+    const QByteArray document = "<frameset cols='50%,50%'><frame name=left src=l.html>"
+                                "<frame src=r.html></frameset>";
+    const QByteArray right = "<frameset rows='50%,50%'><frame name=top src=t.html></frameset>";
+    page("/page", document);
+    page("/l.html", "<body background=l.png>left");
+    page("/r.html", right);
+    page("/t.html", "<p>top");
+    image("/l.png", "l");
+    expectPage({"/page",
+                document,
+                {},
+                {{"/l.html", "<body background=l.png>left", {{"/l.png", "l"}}, {}, "left"},
+                 {"/r.html",
+                  right,
+                  {},
+                  {{"/t.html", "<p>top", {}, {}, "top"}},
+                  "<!--framePath //<!--frame1-->-->"}}});
 }
 
 TEST_F(TestSiteTest, CompressedBodiesAreStoredPlain)
 {
-    m_server.serve(
-        text("/page"),
-        HttpAnswer{200, "text/html", gzip("<p>packed<img src=a.svg>"), {"Content-Encoding: gzip"}});
-    m_server.serve(text("/a.svg"),
-                   HttpAnswer{200, "image/svg+xml", gzip("<svg/>"), {"Content-Encoding: gzip"}});
-    const QVariantMap found = archive();
-    EXPECT_EQ(bytes(mainResource(found)), QByteArray("<p>packed<img src=a.svg>"));
-    expectResources(found, {{"/a.svg", "<svg/>"}});
+    const QByteArray document = "<p>packed<img src=a.svg><link rel=stylesheet href=a.css>";
+    answer("/page", 200, gzip(document), "text/html", {"Content-Encoding: gzip"});
+    answer("/a.svg", 200, gzip("<svg/>"), "image/svg+xml", {"Content-Encoding: gzip"});
+    // A zlib stream, which is what "deflate" means; Qt puts four bytes before it.
+    answer("/a.css", 200, qCompress("p{}").sliced(4), "text/css", {"Content-Encoding: deflate"});
+    expectPage({"/page", document, {{"/a.svg", "<svg/>"}, {"/a.css", "p{}"}}});
 }
 
 TEST_F(TestSiteTest, DocumentsOfAnyCharsetAreStoredInUtf8)
 {
     const QByteArray utf8 = "<p>caf\xC3\xA9";
-    m_server.serve(text("/header"), "<p>caf\xE9", "text/html; charset=iso-8859-1");
-    m_server.serve(text("/meta"), "<meta charset=windows-1252><p>caf\xE9");
-    m_server.serve(text("/plain"), utf8, "text/html; charset=utf-8");
-    EXPECT_EQ(bytes(mainResource(archive("/header"))), utf8);
-    EXPECT_EQ(bytes(mainResource(archive("/plain"))), utf8);
-    const QVariantMap meta = mainResource(archive("/meta"));
-    EXPECT_TRUE(bytes(meta).endsWith(utf8));
-    EXPECT_EQ(meta.value(text("WebResourceTextEncodingName")).toString(), text("UTF-8"));
+    const QByteArray meta = "<meta charset=windows-1252><p>caf";
+    const QByteArray utf16 = QByteArray::fromHex("fffe3c0070003e00630061006600e900");
+    page("/header", "<p>caf\xE9", "text/html; charset=iso-8859-1");
+    page("/utf8", utf8, "text/html; charset=utf-8");
+    page("/meta", meta + "\xE9");
+    page("/mark", "\xEF\xBB\xBF" + utf8, "text/html; charset=iso-8859-1");
+    page("/utf16", utf16);
+    page("/shift-jis", "<p>\x93\xFA\x96\x7B", "text/html; charset=Shift_JIS");
+    for (const char* path : {"/header", "/utf8", "/mark", "/utf16"})
+        expectArchive(archive(path), {path, utf8});
+    expectArchive(archive("/meta"), {"/meta", meta + "\xC3\xA9"});
+    expectArchive(archive("/shift-jis"), {"/shift-jis", "<p>\xE6\x97\xA5\xE6\x9C\xAC"});
+    EXPECT_EQ(mainResource(archive("/meta")).value(text("WebResourceTextEncodingName")).toString(),
+              text("UTF-8"));
 }
 
-TEST_F(TestSiteTest, RedirectedImagesAreStoredUnderTheAddressThatThePageNames)
+TEST_F(TestSiteTest, StyleSheetsOfAnyCharsetAreReadAndStoredAsTheyCame)
 {
-    m_server.serve(text("/page"), "<img src=moved.png>");
-    m_server.redirect(text("/moved.png"), "/real.png");
-    m_server.serve(text("/real.png"), "real", "image/png");
-    expectResources(archive(), {{"/moved.png", "real"}});
+    const QByteArray sheet = "@charset \"iso-8859-1\"; p{background:url(\xE9.png)}";
+    const QByteArray document = "<link rel=stylesheet href=a.css>";
+    page("/page", document);
+    styles("/a.css", sheet);
+    image("/%C3%A9.png", "e");
+    expectPage({"/page", document, {{"/a.css", sheet}, {"/%C3%A9.png", "e"}}});
 }
 
-TEST_F(TestSiteTest, PagesThatHoldThemselvesEnd)
+TEST_F(TestSiteTest, RedirectsOfEverything)
 {
-    m_server.serve(text("/page"), "<iframe src=other></iframe>");
-    m_server.serve(text("/other"), "<iframe src=page></iframe>");
-    const QVariantMap found = archive();
-    EXPECT_EQ(subframes(found).size(), 1);
+    const QByteArray document = "<img src=moved.png><link rel=stylesheet href=moved.css>"
+                                "<iframe name=f src=moved.html></iframe>";
+    m_server.redirect(text("/old"), "/new/");
+    m_server.redirect(text("/new/"), "/new/page", 301);
+    page("/new/page", document);
+    m_server.redirect(text("/new/moved.png"), "/real.png", 307);
+    m_server.redirect(text("/new/moved.css"), "/there/real.css", 308);
+    m_server.redirect(text("/new/moved.html"), "/there/real.html", 303);
+    image("/real.png", "real");
+    styles("/there/real.css", "p{background:url(a.png)}");
+    image("/there/a.png", "a");
+    page("/there/real.html", "<img src=a.png>");
+    // Documents under the address that answered, resources under the one that asks for them.
+    expectArchive(archive("/old"),
+                  {"/new/page",
+                   document,
+                   {{"/new/moved.png", "real"},
+                    {"/new/moved.css", "p{background:url(a.png)}"},
+                    {"/there/a.png", "a"},
+                    // Where a reader looks who takes the sheet to be where the page names it.
+                    {"/new/a.png", "a"}},
+                   {{"/there/real.html", "<img src=a.png>", {{"/there/a.png", "a"}}, {}, "f"}}});
 }
 
-TEST_F(TestSiteTest, APageOfManyElementsEnds)
+TEST_F(TestSiteTest, ADataAddressIsAFramesDocument)
 {
-    QByteArray page;
-    for (int depth = 0; depth < 300000; ++depth)
-        page += "<div>";
-    page += "<img src=a.png>";
-    m_server.serve(text("/page"), page);
-    m_server.serve(text("/a.png"), "a", "image/png");
-    const QVariantMap found = archive();
-    EXPECT_EQ(bytes(mainResource(found)), page);
-    expectResources(found, {{"/a.png", "a"}});
+    const QByteArray document = "<iframe src='data:text/html,<p>data'></iframe>";
+    page("/page", document);
+    expectPage({"/page", document, {}, {{"data:text/html,<p>data", "<p>data"}}});
 }
 
-TEST_F(TestSiteTest, EmptyResourcesStayInTheArchive)
+TEST_F(TestSiteTest, DocumentsThatAreNoHtml)
 {
-    m_server.serve(text("/page"), "<link rel=stylesheet href=empty.css>");
-    m_server.serve(text("/empty.css"), "", "text/css");
-    expectResources(archive(), {{"/empty.css", ""}});
+    const QByteArray xhtml = "<?xml version='1.0'?><?xml-stylesheet href='a.css'?>"
+                             "<html xmlns='http://www.w3.org/1999/xhtml'><img src='a.png'/></html>";
+    const QByteArray svg = "<svg xmlns='http://www.w3.org/2000/svg'><image href='a.png'/></svg>";
+    image("/a.png", "a");
+    styles("/a.css", "p{}");
+    page("/xhtml", xhtml, "application/xhtml+xml");
+    expectArchive(archive("/xhtml"), {"/xhtml", xhtml, {{"/a.css", "p{}"}, {"/a.png", "a"}}});
+    page("/svg", svg, "image/svg+xml");
+    expectArchive(archive("/svg"), {"/svg", svg, {{"/a.png", "a"}}});
+    page("/text", "<img src=a.png>", "text/plain");
+    expectArchive(archive("/text"), {"/text", "<img src=a.png>"});
+    expectArchive(archive("/a.png"), {"/a.png", "a"});
 }
 
 } // namespace

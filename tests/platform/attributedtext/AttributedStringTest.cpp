@@ -368,6 +368,80 @@ TEST(AttributedStringTest, AgreesWithAModelOfSingleCharacters)
     }
 }
 
+TEST(AttributedStringTest, ManyReplacementsAreOneAfterAnother)
+{
+    AttributedString text = sample();
+    text.replaceCharacters(std::vector<AttributedString::Replacement>{
+        {{0, 0}, AttributedString(s("<"), withFontSize(1))},
+        {{1, 3}, AttributedString(s("XY"), withFontSize(4))},
+        {{4, 1}, {}},
+        {{5, 0}, AttributedString(s("+"), withFontSize(3))},
+        {{9, 0}, AttributedString(s(">"), withFontSize(3))}});
+    EXPECT_EQ(show(text), s("<a1|XY4|+3|f2|ghi>3"));
+    text.replaceCharacters(std::vector<AttributedString::Replacement>());
+    EXPECT_EQ(show(text), s("<a1|XY4|+3|f2|ghi>3"));
+}
+
+TEST(AttributedStringTest, ManyRangesAreChangedAsOneAfterAnother)
+{
+    AttributedString text = sample();
+    const std::vector<TextRange> ranges{{0, 1}, {2, 3}, {5, 0}, {5, 4}};
+    text.changeAttributes(ranges, [](TextAttributes& a) { a.font->size += 10; });
+    EXPECT_EQ(show(text), s("a11|b1|c11|def12|ghi13"));
+    text.changeAttributes(std::vector<TextRange>(), [](TextAttributes& a) { a.font.reset(); });
+    EXPECT_EQ(text.attributesAt(0).font->size, 11);
+}
+
+TEST(AttributedStringTest, ManyRangesThatDoNotAscendOrFitThrowAndChangeNothing)
+{
+    const std::vector<std::vector<TextRange>> wrong{
+        {{0, 2}, {1, 2}}, {{4, 1}, {2, 1}}, {{0, 1}, {9, 1}}, {{-1, 1}}, {{3, -1}}};
+    for (const std::vector<TextRange>& ranges : wrong) {
+        AttributedString text = sample();
+        std::vector<AttributedString::Replacement> replacements;
+        for (const TextRange& range : ranges)
+            replacements.push_back({range, AttributedString(s("new"))});
+        EXPECT_THROW(text.replaceCharacters(replacements), std::out_of_range);
+        EXPECT_THROW(text.changeAttributes(ranges, [](TextAttributes& a) { a.font.reset(); }),
+                     std::out_of_range);
+        EXPECT_EQ(text, sample());
+    }
+}
+
+TEST(AttributedStringTest, PassesOverManyRangesAgreeWithSingleChanges)
+{
+    std::uint32_t state = 11;
+    const auto random = [&state](std::uint32_t below) {
+        state = state * 1664525U + 1013904223U;
+        return static_cast<qsizetype>((state >> 8) % below);
+    };
+    for (int round = 0; round < 500; ++round) {
+        AttributedString text;
+        for (qsizetype piece = random(12); piece > 0; --piece)
+            text.append(QString(1 + random(4), u'x'), withFontSize(double(1 + random(3))));
+        std::vector<TextRange> ranges;
+        std::vector<AttributedString::Replacement> replacements;
+        for (qsizetype start = random(4); start < text.length(); start += random(4)) {
+            const TextRange range{start, std::min(random(5), text.length() - start)};
+            ranges.push_back(range);
+            replacements.push_back(
+                {range, AttributedString(QString(random(3), u'y'), withFontSize(2))});
+            start = range.end();
+        }
+        AttributedString changed = text;
+        AttributedString replaced = text;
+        for (std::size_t index = ranges.size(); index-- > 0;) {
+            changed.changeAttributes(ranges[index], [](TextAttributes& a) { a.kern += 1; });
+            replaced.replaceCharacters(ranges[index], replacements[index].text);
+        }
+        AttributedString changedAtOnce = text;
+        changedAtOnce.changeAttributes(ranges, [](TextAttributes& a) { a.kern += 1; });
+        EXPECT_EQ(changedAtOnce, changed);
+        text.replaceCharacters(replacements);
+        EXPECT_EQ(text, replaced);
+    }
+}
+
 TEST(AttributedStringTest, ManyRunsAreAppendedInLinearTime)
 {
     const auto one = std::make_shared<const TextAttributes>(withFontSize(1));

@@ -150,6 +150,11 @@ TEST(FontTest, AFamilyThatNobodyKnowsGetsAMadeUpName)
     EXPECT_EQ((Font{s("Some Font"), 12, true, true}).fontName(), s("SomeFont-BoldItalic"));
 }
 
+TEST(FontTest, AMadeUpNameNeverMeansAFaceThatAnotherFamilyLacks)
+{
+    EXPECT_EQ((Font{s("H elvetica"), 12, true, true}).fontName(), s("Helvetica-BoldOblique"));
+}
+
 TEST(FontTest, InstalledFontsAreFoundByTheirOwnNames)
 {
     const auto installed = platform::installedFontFace(s("DejaVu Sans Mono"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/defaults/UserDefaults.h"
+#include "platform/defaults/UserDefaultsHold.h"
 
 #include "platform/core/StandardDirectories.h"
 #include "platform/core/SystemLog.h"
@@ -223,6 +223,47 @@ TEST_F(UserDefaultsTest, SeesFilesThatChangeAppearAndGo)
     EXPECT_EQ(m_defaults.integerForKey(key("a")), 2);
     ASSERT_TRUE(QFile::remove(pathOf("own")));
     EXPECT_EQ(m_defaults.integerForKey(key("a")), 0);
+}
+
+TEST_F(UserDefaultsTest, HeldFilesAreLookedAtOnce)
+{
+    m_defaults.addSuiteNamed(QStringLiteral("suite"));
+    writeDomain("own", {{key("a"), 1}});
+    EXPECT_EQ(m_defaults.integerForKey(key("a")), 1);
+    writeDomain("own", {{key("a"), 2}});
+    {
+        const platform::UserDefaultsHold hold(m_defaults);
+        // Not as it was when it was last looked at before.
+        EXPECT_EQ(m_defaults.integerForKey(key("a")), 2);
+        EXPECT_EQ(m_defaults.integerForKey(key("b")), 0);
+        writeDomain("own", {{key("a"), 3}});
+        writeDomain("suite", {{key("b"), 3}});
+        {
+            const platform::UserDefaultsHold inner(m_defaults);
+            EXPECT_EQ(m_defaults.integerForKey(key("a")), 2);
+        }
+        EXPECT_EQ(m_defaults.integerForKey(key("a")), 2);
+        EXPECT_EQ(m_defaults.integerForKey(key("b")), 0);
+        m_defaults.setOverride(key("a"), 4);
+        EXPECT_EQ(m_defaults.integerForKey(key("a")), 4);
+        m_defaults.clearOverrides();
+    }
+    EXPECT_EQ(m_defaults.integerForKey(key("a")), 3);
+    EXPECT_EQ(m_defaults.integerForKey(key("b")), 3);
+}
+
+TEST_F(UserDefaultsTest, WhatIsWrittenWhileFilesAreHeldIsSeenAndLosesNothing)
+{
+    writeDomain("own", {{key("a"), 1}});
+    const platform::UserDefaultsHold hold(m_defaults);
+    EXPECT_EQ(m_defaults.integerForKey(key("a")), 1);
+    writeDomain("own", {{key("a"), 1}, {key("others"), 2}});
+    ASSERT_TRUE(m_defaults.setObject(key("a"), 3));
+    EXPECT_EQ(m_defaults.integerForKey(key("a")), 3);
+    EXPECT_EQ(domain("own").value(key("others")).toInt(), 2);
+    writeDomain("own", {{key("a"), 5}});
+    m_defaults.synchronize();
+    EXPECT_EQ(m_defaults.integerForKey(key("a")), 5);
 }
 
 TEST_F(UserDefaultsTest, SynchronizeReadsAFileThatLooksUnchanged)

@@ -48,6 +48,29 @@ INSTANTIATE_TEST_SUITE_P(
         ColorCase{"RebeccaPurple", 102, 51, 153, 1}, ColorCase{"aliceblue", 240, 248, 255, 1},
         ColorCase{"yellowgreen", 154, 205, 50, 1}, ColorCase{" transparent ", 0, 0, 0, 0}));
 
+// The examples of the CSS Color Module, and values that can be told without one.
+INSTANTIATE_TEST_SUITE_P(
+    Spaces, CssColorTest,
+    testing::Values(ColorCase{"lab(29.2345% 39.3825 20.0664)", 125, 35, 41, 1},
+                    ColorCase{"lab(29.2345 39.3825 20.0664 / 0.5)", 125, 35, 41, 0.5},
+                    ColorCase{"LCH(29.2345% 44.2 27)", 125, 35, 41, 1},
+                    ColorCase{"oklab(40.101% 0.1147 0.0453)", 125, 35, 41, 1},
+                    ColorCase{"oklch(40.101% 0.12332 21.555deg / 25%)", 125, 35, 41, 0.25},
+                    ColorCase{"lab(100% 0 0)", 255, 255, 255, 1},
+                    ColorCase{"lab(0 none none)", 0, 0, 0, 1},
+                    ColorCase{"oklch(1 0 none)", 255, 255, 255, 1},
+                    ColorCase{"oklch(62.8% 0.2577 0.0812turn)", 255, 0, 0, 1},
+                    ColorCase{"color(srgb 1 0.5 0 / 50%)", 255, 128, 0, 0.5},
+                    ColorCase{"color(srgb-linear 0.5 0 100%)", 188, 0, 255, 1},
+                    ColorCase{"color(xyz 0.9505 1 1.089)", 255, 255, 255, 1},
+                    ColorCase{"color(xyz-d50 0.9643 1 0.8251)", 255, 255, 255, 1},
+                    ColorCase{"color(display-p3 1 1 1)", 255, 255, 255, 1},
+                    ColorCase{"color(display-p3 0.9175 0.2003 0.1386)", 255, 0, 0, 1},
+                    ColorCase{"color(a98-rgb 0 0 0)", 0, 0, 0, 1},
+                    ColorCase{"color(a98-rgb 0.8586 0 0)", 255, 0, 0, 1},
+                    ColorCase{"color(rec2020 0.792 0.231 0.0738)", 255, 0, 0, 1},
+                    ColorCase{"color(prophoto-rgb 0.7022 0.2757 0.1035)", 255, 0, 0, 1}));
+
 TEST(CssColorsTest, CurrentColorIsTheTextsOwn)
 {
     const auto value = colorFrom("currentColor");
@@ -61,7 +84,9 @@ TEST(CssColorsTest, CurrentColorIsTheTextsOwn)
 TEST(CssColorsTest, WhatIsNoColourGivesNone)
 {
     for (const char* text : {"", "inherit", "windowtext", "#12", "#12345", "#ggg", "rgb(1,2)",
-                             "rgb(a,b,c)", "rgb(1,2,3,4,5)", "url(x)", "foo(1,2,3)", "123456"}) {
+                             "rgb(a,b,c)", "rgb(1,2,3,4,5)", "url(x)", "foo(1,2,3)", "123456",
+                             "lab(1 2)", "lab(1 2 x)", "color(1 2 3)", "color(nowhere 1 2 3)",
+                             "color(srgb 1 2)", "oklch(1 2 3 4 5)", "color-mix(in lab, red, blue)"}) {
         EXPECT_FALSE(colorFrom(text)) << text;
     }
 }

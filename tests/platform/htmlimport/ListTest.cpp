@@ -128,6 +128,18 @@ TEST(ListTest, AParagraphAfterANestedListIsTheItemsWithoutAMarker)
     EXPECT_TRUE(style.tabStops.empty());
 }
 
+TEST(ListTest, AParagraphOfAnItemThatLiesDifferentlyIsOneOfItsOwn)
+{
+    const auto text = page("<ul><li>a<p style='text-align:right'>b</p>c</li>"
+                           "<li><p style='text-align:center'>d</p></li></ul>");
+    EXPECT_EQ(shown(text), s(">\u2022>a\nb\nc\n>\u2022>d\n"));
+    EXPECT_EQ(paragraphAt(text, "b").alignment, platform::TextAlignment::Right);
+    EXPECT_EQ(paragraphAt(text, "b").textLists, paragraphAt(text, "a").textLists);
+    EXPECT_EQ(paragraphAt(text, "b").firstLineHeadIndent, 36);
+    EXPECT_EQ(paragraphAt(text, "c").alignment, platform::TextAlignment::Natural);
+    EXPECT_EQ(paragraphAt(text, "d").alignment, platform::TextAlignment::Center);
+}
+
 TEST(ListTest, ListsInIndentedBlocksAreIndentedWithThem)
 {
     const ParagraphStyle style =

@@ -181,6 +181,34 @@ TEST(ParagraphTest, ABoxesParagraphsShareItAndItsColourIsNotTheirs)
     EXPECT_FALSE(test::at(text, "a").backgroundColor);
 }
 
+TEST(ParagraphTest, AColouredPartOfThePageIsABox)
+{
+    const auto text = import("<html><body><div style='background:#123456;color:#fff'>"
+                             "<div>a</div><ul><li>b</li></ul></div><div>c</div></body></html>");
+    ASSERT_EQ(paragraphAt(text, "a").textBlocks.size(), 1U);
+    EXPECT_EQ(paragraphAt(text, "a").textBlocks.front()->backgroundColor,
+              Color::fromRgb8(0x12, 0x34, 0x56));
+    EXPECT_EQ(paragraphAt(text, "a").textBlocks, paragraphAt(text, "b").textBlocks);
+    EXPECT_FALSE(test::at(text, "a").backgroundColor);
+    EXPECT_TRUE(paragraphAt(text, "c").textBlocks.empty());
+    EXPECT_TRUE(x("<div style='background:#fff'><div>x</div></div>").textBlocks.empty());
+    EXPECT_TRUE(x("<div style='background:transparent'><div>x</div></div>").textBlocks.empty());
+}
+
+TEST(ParagraphTest, APagesColourIsItsOwnUnlessItsTextCouldNotBeReadWithoutIt)
+{
+    for (const char* page : {"<html><body style='background:#222;color:#eee'>x</body></html>",
+                             "<html><body bgcolor='#000000'><div>x</div></body></html>",
+                             "<en-note style='background-color:rgb(20,20,60)'>x</en-note>"}) {
+        const ParagraphStyle style = paragraphAt(import(page), "x");
+        ASSERT_EQ(style.textBlocks.size(), 1U) << page;
+        EXPECT_TRUE(style.textBlocks.front()->backgroundColor) << page;
+    }
+    for (const char* page : {"<html><body style='background:#ffe'>x</body></html>",
+                             "<html><body style='background:rgba(0,0,0,0.3)'>x</body></html>"})
+        EXPECT_TRUE(paragraphAt(import(page), "x").textBlocks.empty()) << page;
+}
+
 TEST(ParagraphTest, ABorderOnOneSideMakesABox)
 {
     const ParagraphStyle style = x("<blockquote style='border-left:3px solid #ccc'>x</blockquote>");

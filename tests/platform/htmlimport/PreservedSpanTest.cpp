@@ -48,6 +48,14 @@ INSTANTIATE_TEST_SUITE_P(Names, PreservedNameTest,
                                          "a#b?c%20d.pdf", "x   y", "QUILLERYATTACHMENT",
                                          "*** stars ***"));
 
+TEST(PreservedSpanTest, TheCharacterThatStandsForAttachmentsIsKeptWithinOneAlone)
+{
+    const QString page = QStringLiteral("<p>x\uFFFCy %1 a\uFFFCb.pdf %2</p>").arg(opening, closing);
+    const auto text = platform::attributedStringFromHtml(page.toUtf8(), options());
+    ASSERT_TRUE(text);
+    EXPECT_EQ(text->string(), QStringLiteral("x\uFFFDy %1a\uFFFCb.pdf%2\n").arg(opening, closing));
+}
+
 TEST(PreservedSpanTest, SeveralInOneText)
 {
     const QString marker = opening + QStringLiteral(" a  b ") + closing;

@@ -176,6 +176,30 @@ TEST(TableTest, BordersSideBySide)
     EXPECT_EQ(text.borderColor[0], (Color{0, 0, 1}));
 }
 
+TEST(TableTest, ATableHasABorderOfItsOwn)
+{
+    const auto text = page("<table style='border:2px solid red;border-left:none'><tr><td>x</td>"
+                           "</tr></table>");
+    const platform::TextTable& table = *cellAt(text, "x").table;
+    EXPECT_EQ(table.borderWidth, (std::array<double, 4>{0, 2, 2, 2}));
+    EXPECT_EQ(table.borderColor[1], (Color{1, 0, 0}));
+    EXPECT_EQ(cellAt(text, "x").borderWidth, (std::array<double, 4>{}));
+    EXPECT_EQ(x("<table><tr><td>x</td></tr></table>").table->borderWidth,
+              (std::array<double, 4>{}));
+}
+
+TEST(TableTest, ATableMayBeginAndEndTheNote)
+{
+    const auto text = page("<table><tr><td>a</td></tr></table><div>between</div>"
+                           "<table><tr><td>z</td></tr></table>");
+    EXPECT_EQ(shown(text), s("a\nbetween\nz\n"));
+    EXPECT_TRUE(paragraphAt(text, "between").textBlocks.empty());
+    EXPECT_NE(cellAt(text, "a").table, cellAt(text, "z").table);
+    const auto alone = page("<table><tr><td>a</td><td>b</td></tr></table>");
+    EXPECT_EQ(shown(alone), s("a\nb\n"));
+    EXPECT_EQ(cellAt(alone, "b").column, 1);
+}
+
 TEST(TableTest, TheBorderAttributeDrawsLinesRoundCells)
 {
     EXPECT_EQ(x("<table border='5'><tr><td>x</td></tr></table>").borderWidth,

@@ -191,6 +191,14 @@ TEST(TextFlowPageTest, ABoxAloneOnItsLineKeepsItsBlank)
 {
     EXPECT_EQ(shown("<div>\u2610 </div><div>\u2611\uFE0E </div><div>x </div>"),
               s("\u2610 \n\u2611\uFE0E \nx\n"));
+    // However the line ends.
+    EXPECT_EQ(shown("<p>\u2610 <br/>x <br/>\u2611\uFE0E <br/></p>"),
+              s("\u2610 |x|\u2611\uFE0E \n"));
+    EXPECT_EQ(shown("<ul><li>\u2610 <br/>x</li><li>\u2610 <div>\u2610 </div>y</li></ul>"),
+              s("\u2610 |x\n\u2610 |\u2610 |y\n"));
+    EXPECT_EQ(shown("<div style=\"white-space:pre-line\">\u2610 \nx \n\u2610 \n</div>"),
+              s("\u2610 \nx\n\u2610 \n"));
+    EXPECT_EQ(shown("<div>\u2610 x <br/>x\u2610 <br/></div>"), s("\u2610 x\nx\u2610\n"));
 }
 
 TEST(TextFlowPageTest, ACollapsedBlankHasTheStyleOfItsPlace)

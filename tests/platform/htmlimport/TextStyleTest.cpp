@@ -201,6 +201,9 @@ TEST(TextStyleTest, HighlightsAreTheRunsBackground)
     // The colour of a part of the page is no highlight of all the text in it.
     EXPECT_EQ(x("<div style='background-color:#ff0'><div>x</div></div>").backgroundColor,
               std::nullopt);
+    // A list is no box, so its items' text has its colour.
+    EXPECT_EQ(x("<ul style='background-color:#ff0'><li><div>x</div></li></ul>").backgroundColor,
+              (Color{1, 1, 0}));
     EXPECT_EQ(
         test::at(test::import("<html><body style='background-color:#ff0'>x</body></html>"), "x")
             .backgroundColor,

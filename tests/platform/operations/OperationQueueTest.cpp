@@ -5,6 +5,8 @@
 #include <QThread>
 
 #include <atomic>
+#include <cstdio>
+#include <cstdlib>
 #include <thread>
 
 namespace {
@@ -164,10 +166,48 @@ TEST(OperationQueueTest, TheMainQueueKeepsTheOrder)
 {
     std::vector<int> order;
     for (int number = 0; number < 50; ++number)
-        OperationQueue::mainQueue().addOperationWithBlock([&order, number] { order.push_back(number); });
+        OperationQueue::mainQueue().addOperationWithBlock(
+            [&order, number] { order.push_back(number); });
     while (order.size() < 50)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+}
+
+// What a program does that quits in the middle of its work. Returns what is wrong.
+const char* quitAndBeginAgain()
+{
+    std::atomic<int> runs = 0;
+    const auto add = [&runs] {
+        // On another thread, as runs do.
+        std::thread([&runs] {
+            OperationQueue::mainQueue().addOperationWithBlock([&runs] { ++runs; });
+        }).join();
+    };
+    add();
+    QCoreApplication::instance()->~QCoreApplication();
+    add();
+    add();
+    if (runs != 0 || OperationQueue::mainQueue().operations().size() != 3)
+        return "what has no application to run in does not wait";
+    int count = 1;
+    char name[] = "again";
+    char* arguments[] = {name, nullptr};
+    QCoreApplication application(count, arguments);
+    add();
+    QCoreApplication::processEvents();
+    return runs == 4 ? nullptr : "what waited did not run in the next application";
+}
+
+TEST(OperationQueueDeathTest, WithoutAnApplicationTheMainQueueWaitsForTheNextOne)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            const char* const fault = quitAndBeginAgain();
+            std::fprintf(stderr, "%s\n", fault ? fault : "good");
+            std::_Exit(fault ? 1 : 0);
+        },
+        ::testing::ExitedWithCode(0), "good");
 }
 
 } // namespace

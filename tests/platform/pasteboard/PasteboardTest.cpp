@@ -109,9 +109,55 @@ TEST(PasteboardTest, ReadsTheOlderLinkFormatAndLists)
     EXPECT_FALSE(Pasteboard(list).offers(platform::pasteboardUniformTypeUrlName));
 }
 
+TEST(PasteboardTest, TheAddressOfAListIsItsFirst)
+{
+    QMimeData list;
+    list.setData(u"text/uri-list"_s, "# comment\r\nhttp://b.example/\r\nhttp://c.example/\r\n");
+    const Pasteboard pasteboard(list);
+    for (const QString& type : {platform::pasteboardTypeUrl, platform::pasteboardUniformTypeUrl}) {
+        EXPECT_EQ(pasteboard.stringForType(type), u"http://b.example/"_s);
+        EXPECT_EQ(pasteboard.dataForType(type), QByteArray("http://b.example/"));
+    }
+}
+
+TEST(PasteboardTest, AddressesBeyondTheRulesAreEscaped)
+{
+    QMimeData offered;
+    offered.setData(u"text/x-moz-url"_s, utf16(u"http://a.example/a|b[c]?d=\u00e9 f\nTitle"_s));
+    const auto url = Pasteboard(offered).url();
+    ASSERT_TRUE(url.has_value());
+    EXPECT_EQ(url->absoluteString(), u"http://a.example/a%7Cb%5Bc%5D?d=%C3%A9%20f"_s);
+}
+
+TEST(PasteboardTest, AWrittenUrlKeepsItsText)
+{
+    for (const QString& text :
+         {u"notes://showNote?a=B"_s, u"message://%3CId@x%3E"_s, u"HTTP://A.Example/%7Eb"_s}) {
+        Pasteboard pasteboard;
+        pasteboard.writeUrl(platform::Url::fromString(text).value());
+        EXPECT_EQ(pasteboard.url().value_or(platform::Url()).absoluteString(), text);
+        EXPECT_EQ(pasteboard.mimeData()->data(u"text/uri-list"_s), text.toLatin1() + "\r\n");
+    }
+}
+
+TEST(PasteboardTest, ATypeAndTheUniformTypeMadeOfItAreOne)
+{
+    const QString type = u"WebURLsWithTitlesPboardType"_s;
+    const QString uniformType = platform::uniformTypeForPasteboardType(type);
+    for (const auto& [written, read] :
+         {std::pair(type, uniformType), std::pair(uniformType, type)}) {
+        Pasteboard pasteboard;
+        pasteboard.setData("x", written);
+        EXPECT_TRUE(pasteboard.offers(read));
+        EXPECT_EQ(pasteboard.availableTypeFromArray({u"other"_s, read}), read);
+        EXPECT_EQ(pasteboard.dataForType(read), QByteArray("x"));
+        EXPECT_FALSE(pasteboard.offers(u"dyn.a"_s));
+    }
+}
+
 TEST(PasteboardTest, ALinkThatIsNoUrlGivesNone)
 {
-    for (const char* bytes : {"", "\n", "not a url\nTitle", "http://[bad\n"}) {
+    for (const char* bytes : {"", "\n", "not a url\nTitle", "http://a.example:port/\n"}) {
         QMimeData offered;
         offered.setData(u"text/x-moz-url"_s, bytes);
         const Pasteboard pasteboard(offered);
@@ -149,7 +195,7 @@ TEST(PasteboardTest, AnyLinkDataIsReadWithoutHarm)
         offered.setData(u"text/uri-list"_s, random.next(20).toUtf8());
         const Pasteboard pasteboard(offered);
         const auto url = pasteboard.url();
-        EXPECT_TRUE(!url || url->isValid());
+        EXPECT_TRUE(!url || platform::Url::fromString(url->absoluteString()));
         static_cast<void>(pasteboard.stringForType(platform::pasteboardUniformTypeUrlName));
     }
 }

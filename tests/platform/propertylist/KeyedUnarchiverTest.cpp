@@ -5,8 +5,6 @@
 #include "platform/propertylist/PropertyList.h"
 #include "platform/propertylist/PropertyListError.h"
 
-#include <QElapsedTimer>
-
 namespace {
 
 using platform::ArchivedClasses;
@@ -301,10 +299,7 @@ TEST(KeyedUnarchiverTest, RefusesSharingThatUnfoldsWithoutEnd)
     for (quint32 level = 0; level < 60; ++level)
         objects += arrayRecord({uid(level + 3), uid(level + 3)});
     objects += QStringLiteral("core");
-    QElapsedTimer timer;
-    timer.start();
     EXPECT_THROW((void)KeyedUnarchiver::unarchiveObjectWithData(archiveOf(objects)), InvalidArchive);
-    EXPECT_LT(timer.elapsed(), 5000);
 }
 
 TEST(KeyedUnarchiverTest, GoesOnAfterAMakerGaveUpOnAField)

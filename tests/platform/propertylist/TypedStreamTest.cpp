@@ -3,8 +3,6 @@
 
 #include "platform/propertylist/PropertyListError.h"
 
-#include <QElapsedTimer>
-
 namespace {
 
 using platform::TypedStream;
@@ -168,7 +166,7 @@ TEST(TypedStreamTest, RefusesDamage)
         EXPECT_FALSE(TypedStream::fromData(data)) << data.toHex().constData();
 }
 
-TEST(TypedStreamTest, IsBoundedInDepthAndTime)
+TEST(TypedStreamTest, RefusesDepthAndGroupsWithoutEnd)
 {
     const QByteArray group = QByteArray("\x92\x84\x93");
     EXPECT_FALSE(TypedStream::fromData(header + newString("@") + newObject("A") + group.repeated(100'000)));
@@ -177,11 +175,8 @@ TEST(TypedStreamTest, IsBoundedInDepthAndTime)
         header + newString(QByteArray("[0c]").repeated(20)) + QByteArray(1'000'000, '\x92');
     const QByteArray braces =
         header + newString(QByteArray("{=}").repeated(20)) + QByteArray(1'000'000, '\x92');
-    QElapsedTimer timer;
-    timer.start();
     EXPECT_FALSE(TypedStream::fromData(empties));
     EXPECT_FALSE(TypedStream::fromData(braces));
-    EXPECT_LT(timer.elapsed(), 10'000);
 }
 
 } // namespace

@@ -59,6 +59,22 @@ TEST(XmlPropertyListTest, HoldsWholeSecondsRoundedDown)
     EXPECT_TRUE(written(QDateTime(QDate(-1, 1, 1), QTime(0, 0), Qt::UTC)).isEmpty());
 }
 
+TEST(XmlPropertyListTest, DatesOutsideTheYearsOneTo9999AreAnError)
+{
+    const QDateTime first(QDate(1, 1, 1), QTime(0, 0), Qt::UTC);
+    const QDateTime last(QDate(9999, 12, 31), QTime(23, 59, 59), Qt::UTC);
+    for (const QDateTime& date : {first, last}) {
+        EXPECT_TRUE(platform::xmlPropertyListHoldsDate(date));
+        EXPECT_TRUE(platform::propertyListData(date, platform::PropertyListFormat::Xml));
+    }
+    // The last is still the year 1 where it is written, but not in UTC.
+    const QDateTime shifted(QDate(1, 1, 1), QTime(0, 0), Qt::OffsetFromUTC, 3600);
+    for (const QDateTime& date : {first.addSecs(-1), last.addSecs(1), QDateTime(), shifted}) {
+        EXPECT_FALSE(platform::xmlPropertyListHoldsDate(date));
+        EXPECT_FALSE(platform::propertyListData(date, platform::PropertyListFormat::Xml));
+    }
+}
+
 TEST(XmlPropertyListTest, ReadsNumbersAsOthersWriteThem)
 {
     EXPECT_EQ(read("<integer> +12 </integer>"), QVariant(12));

@@ -163,6 +163,11 @@ private:
         made->collapsesBorders = sometimes(2);
         made->hidesEmptyCells = sometimes(2);
         made->backgroundColor = color();
+        for (std::size_t edge = 0; edge < 4; ++edge) {
+            made->borderWidth[edge] = sometimes() ? twips(100) : 0;
+            if (sometimes())
+                made->borderColor[edge] = color();
+        }
         if (sometimes(2))
             made->width = TextLength{twips(9000), TextLength::Unit::Points};
         const int rows = 1 + below(3);

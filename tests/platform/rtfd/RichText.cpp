@@ -150,6 +150,10 @@ private:
         own.number("hides", table.hidesEmptyCells);
         own.length("width", table.width);
         own.color("fill", table.backgroundColor);
+        for (std::size_t edge = 0; edge < 4; ++edge) {
+            own.number("border", table.borderWidth[edge]);
+            own.color("borderColor", table.borderColor[edge]);
+        }
         return inner.m_out + QStringLiteral(" table") + numbered(&table, own.m_out);
     }
 

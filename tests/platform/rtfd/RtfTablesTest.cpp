@@ -81,6 +81,23 @@ TEST(RtfTablesTest, TellsTheFirstAndTheLastRow)
     EXPECT_EQ(rtf.count("\\trleft-108 \\trbrdrl\\brdrnil \\trbrdrt\\brdrnil \\trbrdrr\\brdrnil \n"), 1);
 }
 
+TEST(RtfTablesTest, ATablesBorderStandsAtTheRowsThatItTouches)
+{
+    const auto framed = table(1);
+    framed->borderWidth = {1, 2, 0, 3}; // left, top, right, bottom
+    framed->borderColor[static_cast<std::size_t>(TextEdge::Top)] = Color::fromRgb8(255, 0, 0);
+    const AttributedString text =
+        joined({in({cell(framed, 0, 0)}, "a\n"), in({cell(framed, 1, 0)}, "b\n"),
+                in({cell(framed, 2, 0)}, "c\n"), in({}, "text\n")});
+    const QByteArray rtf = rtfFromAttributedString(text);
+    EXPECT_EQ(rtf.count("\\trbrdrt\\brdrs\\brdrw40\\brdrcf2 \\trbrdrl\\brdrs\\brdrw20\\brdrcf0 "
+                        "\\trbrdrr\\brdrnil \n"),
+              1);
+    EXPECT_EQ(rtf.count(" \\trbrdrl\\brdrs\\brdrw20\\brdrcf0 \\trbrdrr\\brdrnil \n"), 2);
+    EXPECT_EQ(rtf.count("\\trbrdrb\\brdrs\\brdrw60\\brdrcf0 \\trbrdrr\\brdrnil \n"), 1);
+    expectSame(text);
+}
+
 TEST(RtfTablesTest, WritesWhatACellHas)
 {
     const auto owner = table(1);
@@ -166,9 +183,33 @@ TEST(RtfTablesTest, InnerTablesAreDefinedBeforeTheirCells)
     EXPECT_TRUE(rtf.contains("before\\\n\n\\itap2\\trowd "));
     EXPECT_TRUE(rtf.contains(
         "\\pard\\intbl\\itap2\\pardeftab720\\pardirnatural\\partightenfactor0\n\\cf0 a\\nestcell \n"));
-    EXPECT_TRUE(rtf.contains("b\\nestcell \\lastrow\\nestrow\n\\pard\\intbl\\itap1\\"));
+    EXPECT_TRUE(rtf.contains("b\\nestcell {\\*\\nesttableprops\\trowd \\taflags0 "));
+    EXPECT_TRUE(rtf.contains("\\cellx8640\n}\\lastrow\\nestrow\n\\pard\\intbl\\itap1\\"));
     EXPECT_TRUE(rtf.contains("after\\cell \\lastrow\\row\n\\pard\\pardeftab720"));
     expectSame(text);
+}
+
+TEST(RtfTablesTest, AnAttachmentWithoutAStyleStandsInTheCellOfItsParagraph)
+{
+    const auto owner = table(2);
+    const auto attachment = [] {
+        return AttributedString::withAttachment(std::make_shared<TextAttachment>(FileWrapper::regularFile("%PDF", QStringLiteral("a.pdf"))));
+    };
+    const AttributedString text = joined({attachment(), attachment(), in({cell(owner, 0, 0)}, "\n"),
+                                          in({cell(owner, 0, 1)}, "b\n"), attachment()});
+    const auto name = [](const TextAttachment&) { return QStringLiteral("a.pdf"); };
+    const QByteArray rtf = rtfWithAttachments(text, {}, name);
+    const AttributedString read = test::readRtf(rtf);
+    ASSERT_EQ(read.string(), text.string());
+    for (const qsizetype position : {0, 1, 2}) {
+        ASSERT_TRUE(read.attributesAt(position).paragraphStyle) << position;
+        ASSERT_EQ(read.attributesAt(position).paragraphStyle->textBlocks.size(), 1u) << position;
+        EXPECT_EQ(read.attributesAt(position).paragraphStyle->textBlocks[0]->column, 0) << position;
+    }
+    EXPECT_EQ(read.attributesAt(3).paragraphStyle->textBlocks[0]->column, 1);
+    EXPECT_EQ(rtf.count("\\trowd"), 1);
+    // None in its paragraph says anything.
+    EXPECT_FALSE(read.attributesAt(5).paragraphStyle);
 }
 
 TEST(RtfTablesTest, ACellThatEndsWithATableTakesNoParagraphOnTheWay)

@@ -102,6 +102,22 @@ TEST(RtfWriterTest, ListsFontsUnderTheirFaces)
         "\n\\f0\\i\\b\\fs26 \\cf0 a\n\\f1\\i0\\b0\\fs26\\fsmilli13333 b\n\\f2\\fs19 c\n\\f3\\fs24 d}"));
 }
 
+TEST(RtfWriterTest, NamesHoldNoWordsForCharacters)
+{
+    AttributedString text = styled(QStringLiteral("a\fb"), [](TextAttributes& a) {
+        a.font = Font{QStringLiteral("No\fname"), 12};
+    });
+    DocumentAttributes attributes;
+    attributes.title = QStringLiteral("one\ftwo");
+    const QByteArray rtf = rtfFromAttributedString(text, attributes);
+    EXPECT_TRUE(rtf.contains("\\fcharset0 No\\'0cname;"));
+    EXPECT_TRUE(rtf.contains("{\\title one\\'0ctwo}"));
+    EXPECT_TRUE(rtf.contains("a\\page \nb"));
+    DocumentAttributes readAttributes;
+    const AttributedString read = test::readRtf(rtf, &readAttributes);
+    EXPECT_EQ(rtfFromAttributedString(read, readAttributes), rtf);
+}
+
 TEST(RtfWriterTest, ListsColoursInBytesAndExactly)
 {
     AttributedString text = styled(QStringLiteral("a"), [](TextAttributes& a) {

@@ -17,8 +17,14 @@ struct HttpRequest {
     QString path;
     QHash<QString, QString> headers; // names in lower case
 
-    [[nodiscard]] QString header(const char* name) const { return headers.value(QLatin1String(name)); }
-    [[nodiscard]] bool hasHeader(const char* name) const { return headers.contains(QLatin1String(name)); }
+    [[nodiscard]] QString header(const char* name) const
+    {
+        return headers.value(QLatin1String(name));
+    }
+    [[nodiscard]] bool hasHeader(const char* name) const
+    {
+        return headers.contains(QLatin1String(name));
+    }
 };
 
 struct HttpAnswer {
@@ -27,7 +33,21 @@ struct HttpAnswer {
     QByteArray body;
     // Whole lines, without line ends.
     QByteArrayList headers;
-    enum class Delivery { Whole, HeaderOnly, Never, CutShort } delivery = Delivery::Whole;
+    enum class Delivery {
+        Whole,
+        HeaderOnly,
+        Never,
+        CutShort,
+        // A byte every few milliseconds.
+        Slow,
+        // Without a length; the end of the connection is the end.
+        UntilClosed,
+        // The body over and over, as fast as it is taken, or a byte of it every few milliseconds.
+        Endless,
+        Trickle
+    } delivery = Delivery::Whole;
+
+    [[nodiscard]] bool hasLength() const { return delivery < Delivery::UntilClosed; }
 };
 
 // A web server on the loopback interface, in the test's own event loop.
@@ -59,7 +79,10 @@ public:
     {
         serve(path, [body, type](const HttpRequest&) { return HttpAnswer{200, type, body}; });
     }
-    void serve(const QString& path, Handler handler) { m_handlers.insert(path, std::move(handler)); }
+    void serve(const QString& path, Handler handler)
+    {
+        m_handlers.insert(path, std::move(handler));
+    }
     void serve(const QString& path, const HttpAnswer& answer)
     {
         serve(path, [answer](const HttpRequest&) { return answer; });
@@ -68,7 +91,8 @@ public:
     {
         serve(path, HttpAnswer{status, "text/plain", "moved", {"Location: " + target}});
     }
-    // Keeps every answer back until so many requests are waiting at once, or the server is released.
+    // Keeps every answer back until so many requests are waiting at once, or the server is
+    // released.
     void holdUntil(int count) { m_holdUntil = count; }
 
     // Each answer takes so long.
@@ -91,6 +115,10 @@ public:
         return {};
     }
     [[nodiscard]] int connections() const { return m_connections; }
+    // Connections that are open now.
+    [[nodiscard]] int openConnections() const { return m_openConnections; }
+    // Of endless answers and those that trickle.
+    [[nodiscard]] qint64 streamedBytes() const { return m_streamedBytes; }
     // The most requests that waited at once.
     [[nodiscard]] int mostWaiting() const { return m_mostWaiting; }
 
@@ -104,14 +132,21 @@ private:
     {
         if (!m_server->isListening())
             m_server->listen(QHostAddress::LocalHost);
-        QObject::connect(m_server.get(), &QTcpServer::pendingConnectionAvailable, m_server.get(), [this] {
-            while (QTcpSocket* socket = m_server->nextPendingConnection()) {
-                ++m_connections;
-                QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] { read(socket); });
-                QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-                read(socket);
-            }
-        });
+        QObject::connect(
+            m_server.get(), &QTcpServer::pendingConnectionAvailable, m_server.get(), [this] {
+                while (QTcpSocket* socket = m_server->nextPendingConnection()) {
+                    ++m_connections;
+                    ++m_openConnections;
+                    QObject::connect(socket, &QTcpSocket::readyRead, socket,
+                                     [this, socket] { read(socket); });
+                    QObject::connect(socket, &QTcpSocket::disconnected, socket, [this, socket] {
+                        --m_openConnections;
+                        m_input.remove(socket);
+                        socket->deleteLater();
+                    });
+                    read(socket);
+                }
+            });
     }
 
     void read(QTcpSocket* socket)
@@ -138,7 +173,8 @@ private:
             m_holdUntil = 0;
             for (const Waiting& waiting : std::exchange(m_waiting, {})) {
                 if (m_delay.count() > 0)
-                    QTimer::singleShot(m_delay, m_server.get(), [this, waiting] { answer(waiting); });
+                    QTimer::singleShot(m_delay, m_server.get(),
+                                       [this, waiting] { answer(waiting); });
                 else
                     answer(waiting);
             }
@@ -158,18 +194,52 @@ private:
         QByteArray output = "HTTP/1.1 " + QByteArray::number(answer.status) + " Status\r\n";
         if (!answer.type.isEmpty())
             output += "Content-Type: " + answer.type + "\r\n";
-        output += "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n";
+        output += answer.hasLength()
+                      ? "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n"
+                      : QByteArray("Connection: close\r\n");
         for (const QByteArray& header : answer.headers)
             output += header + "\r\n";
         output += "\r\n";
-        if (answer.delivery == HttpAnswer::Delivery::Whole)
+        using Delivery = HttpAnswer::Delivery;
+        if (answer.delivery == Delivery::Whole || answer.delivery == Delivery::UntilClosed)
             output += answer.body;
-        else if (answer.delivery == HttpAnswer::Delivery::CutShort)
+        else if (answer.delivery == Delivery::CutShort)
             output += answer.body.left(answer.body.size() / 2);
         waiting.socket->write(output);
-        if (answer.delivery == HttpAnswer::Delivery::CutShort)
+        if (answer.delivery == Delivery::CutShort || answer.delivery == Delivery::UntilClosed)
             waiting.socket->disconnectFromHost();
+        else if (answer.delivery == Delivery::Endless)
+            streamWithoutEnd(waiting.socket, answer.body);
+        else if (answer.delivery == Delivery::Slow || answer.delivery == Delivery::Trickle)
+            trickle(waiting.socket, answer);
     }
+
+    void streamWithoutEnd(QTcpSocket* socket, const QByteArray& body)
+    {
+        const auto more = [this, socket, body] {
+            while (socket->state() == QAbstractSocket::ConnectedState &&
+                   socket->bytesToWrite() < bufferedBytes)
+                m_streamedBytes += socket->write(body);
+        };
+        QObject::connect(socket, &QTcpSocket::bytesWritten, socket, more);
+        more();
+    }
+
+    void trickle(QTcpSocket* socket, const HttpAnswer& answer)
+    {
+        auto* const timer = new QTimer(socket);
+        const auto sendByte = [this, timer, socket, answer, sent = qsizetype(0)]() mutable {
+            if (answer.delivery == HttpAnswer::Delivery::Slow && sent == answer.body.size())
+                timer->stop();
+            else
+                m_streamedBytes +=
+                    socket->write(answer.body.sliced(sent++ % answer.body.size(), 1));
+        };
+        QObject::connect(timer, &QTimer::timeout, socket, sendByte);
+        timer->start(std::chrono::milliseconds(2));
+    }
+
+    static constexpr qint64 bufferedBytes = 1 << 20;
 
     QHash<QString, Handler> m_handlers;
     QHash<QTcpSocket*, QByteArray> m_input;
@@ -178,6 +248,8 @@ private:
     int m_holdUntil = 0;
     int m_mostWaiting = 0;
     int m_connections = 0;
+    int m_openConnections = 0;
+    qint64 m_streamedBytes = 0;
     std::chrono::milliseconds m_delay{0};
     // Last, so that its sockets go first.
     std::unique_ptr<QTcpServer> m_server;

@@ -54,6 +54,22 @@ TEST(MarkupTokenizerTest, PassesOverCommentsAndDeclarations)
     EXPECT_EQ(join("a<![CDATA[<b>]]>"), QStringLiteral("a|]]>"));
 }
 
+TEST(MarkupTokenizerTest, ACommentEndsAtTheFirstOfItsEnds)
+{
+    EXPECT_EQ(join("a<!--x-->b<!--x--!>c<!---->d<!--->e<!-->f"), QStringLiteral("a|b|c|d|e|f"));
+    EXPECT_EQ(join("<!--x--!y-->a<!--x-- >y--!>b<!-----!>c<!--x---->d"), QStringLiteral("a|b|c|d"));
+    EXPECT_EQ(join("a<!--x--!"), QStringLiteral("a"));
+    EXPECT_EQ(join("a<!--x--"), QStringLiteral("a"));
+}
+
+TEST(MarkupTokenizerTest, MillionsOfCommentsAreReadInOnePass)
+{
+    // A search for the end that none of them has would go through the whole page for each.
+    EXPECT_EQ(join(QByteArray("<!--a--!>").repeated(2000000) + "b"), QStringLiteral("b"));
+    EXPECT_EQ(join(QByteArray("<!--a-->").repeated(2000000) + "b"), QStringLiteral("b"));
+    EXPECT_EQ(join("<!--" + QByteArray("-").repeated(20000000) + ">b"), QStringLiteral("b"));
+}
+
 TEST(MarkupTokenizerTest, TextElementsHoldNoTags)
 {
     EXPECT_EQ(join("<script>a<b></scripts></SCRIPT\n>c"),
@@ -86,9 +102,10 @@ TEST(MarkupTokenizerTest, ReadsAttributes)
 
 TEST(MarkupTokenizerTest, XmlHasCdataCaseAndNoTextElements)
 {
-    EXPECT_EQ(join("<?xml version='1.0'?><!DOCTYPE a [<!ENTITY b '>'>]><A/><script/><![CDATA[<b>]]>c",
-                   MarkupKind::Xml),
-              QStringLiteral("?xml version='1.0'|<A|<script|<b>|c"));
+    EXPECT_EQ(
+        join("<?xml version='1.0'?><!DOCTYPE a [<!ENTITY b '>'>]><A/><script/><![CDATA[<b>]]>c",
+             MarkupKind::Xml),
+        QStringLiteral("?xml version='1.0'|<A|<script|<b>|c"));
 }
 
 TEST(MarkupTokenizerTest, AThousandAttributesAreEnough)
@@ -107,8 +124,10 @@ TEST(MarkupTokenizerTest, AThousandAttributesAreEnough)
 TEST(CharacterReferencesTest, AreResolvedAsInAttributes)
 {
     using platform::resolvedReferences;
-    EXPECT_EQ(resolvedReferences("a&amp;b&eacute;&#65;&#x42;&apos;"), QStringLiteral("a&b\u00e9AB'"));
-    EXPECT_EQ(resolvedReferences("?a=1&copy=2&amp=3&ampx"), QStringLiteral("?a=1&copy=2&amp=3&ampx"));
+    EXPECT_EQ(resolvedReferences("a&amp;b&eacute;&#65;&#x42;&apos;"),
+              QStringLiteral("a&b\u00e9AB'"));
+    EXPECT_EQ(resolvedReferences("?a=1&copy=2&amp=3&ampx"),
+              QStringLiteral("?a=1&copy=2&amp=3&ampx"));
     EXPECT_EQ(resolvedReferences("x&amp"), QStringLiteral("x&"));
     EXPECT_EQ(resolvedReferences("&none;&;&#;&#x;&"), QStringLiteral("&none;&;&#;&#x;&"));
     EXPECT_EQ(resolvedReferences("&#0;&#xD800;&#x110000;&#99999999999;&#65"),

@@ -95,6 +95,15 @@ TEST(LoadErrorsTest, CarryThePlatformsCodes)
     EXPECT_TRUE(platform::urlError(platform::UrlErrorTimedOut).hasLocalizedDescription());
 }
 
+TEST(LoadErrorsTest, ATransferThatNobodyHereCancelledIsNotCalledCancelled)
+{
+    // Who reads that code takes it that somebody else ends the load.
+    for (int error = 0; error < 1000; ++error) {
+        const auto transfer = static_cast<QNetworkReply::NetworkError>(error);
+        EXPECT_NE(platform::transferError(transfer).code(), platform::UrlErrorCancelled) << error;
+    }
+}
+
 TEST(WebPreferencesTest, BeginWithThePlatformsDefaults)
 {
     const platform::WebPreferences preferences(QStringLiteral("Download"));

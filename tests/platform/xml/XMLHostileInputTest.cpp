@@ -183,19 +183,6 @@ TEST(XMLHostileInputTest, RefusesHugeAttributes)
     EXPECT_LT(peakMemory() - before, 64 * 1024);
 }
 
-TEST(XMLHostileInputTest, RefusesTagsWithTooManyAttributes)
-{
-    QByteArray tag = "<a><b";
-    for (int index = 0; index < 200000; ++index)
-        tag += " a" + QByteArray::number(index) + "=''";
-    const Outcome outcome = outcomeOf(tag + "/></a>");
-    EXPECT_EQ(outcome.error.code(), static_cast<int>(platform::XMLParserErrorCode::LimitExceeded));
-    EXPECT_THAT(outcome.error.localizedDescription().toStdString(),
-                ::testing::HasSubstr("more than 1000 attributes"));
-    Error error;
-    EXPECT_FALSE(XMLDocument::fromData(tag + "/></a>", Tidy::Yes, &error));
-}
-
 TEST(XMLHostileInputTest, RefusesDeepNesting)
 {
     const Outcome outcome = outcomeOf(QByteArray("<a>").repeated(100000));

@@ -12,6 +12,25 @@ static NSString* hexColor(NSColor* color)
                      (int)lround([rgb greenComponent] * 255), (int)lround([rgb blueComponent] * 255)];
 }
 
+static NSDictionary* styleFacts(NSParagraphStyle* style)
+{
+    NSMutableDictionary* facts = [NSMutableDictionary dictionary];
+    [facts setObject:[NSNumber numberWithDouble:[style headIndent]] forKey:@"headIndent"];
+    [facts setObject:[NSNumber numberWithDouble:[style firstLineHeadIndent]]
+              forKey:@"firstLineHeadIndent"];
+    [facts setObject:[NSNumber numberWithInt:[style baseWritingDirection]]
+              forKey:@"writingDirection"];
+    NSMutableArray* tabs = [NSMutableArray array];
+    for (NSTextTab* tab in [style tabStops])
+        [tabs addObject:[NSNumber numberWithDouble:[tab location]]];
+    [facts setObject:tabs forKey:@"tabStops"];
+    NSMutableArray* lists = [NSMutableArray array];
+    for (NSTextList* list in [style textLists])
+        [lists addObject:[list markerFormat]];
+    [facts setObject:lists forKey:@"textLists"];
+    return facts;
+}
+
 id plainValue(id value)
 {
     if (value == nil)
@@ -24,6 +43,8 @@ id plainValue(id value)
         return hexColor(value);
     if ([value isKindOfClass:[NSFont class]])
         return [NSString stringWithFormat:@"%@ %g", [value fontName], [value pointSize]];
+    if ([value isKindOfClass:[NSParagraphStyle class]])
+        return styleFacts(value);
     if ([value isKindOfClass:[NSDictionary class]]) {
         NSMutableDictionary* plain = [NSMutableDictionary dictionary];
         for (id key in value)
