@@ -13,8 +13,8 @@
 // several times, what lies before it is forgotten.
 class ByteWindow {
 public:
-    // How many bytes can be in the window at once.
-    static constexpr qsizetype capacity = 512 * 1024;
+    // How many bytes can be in the window at once: few enough for the processor's nearer caches.
+    static constexpr qsizetype capacity = 128 * 1024;
 
     // The stream must be open and outlive the window.
     explicit ByteWindow(platform::InputStream& stream);

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "exports/XmlBytes.h"
 
+#include <QtEndian>
+
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cstring>
 
@@ -10,50 +13,68 @@ namespace xmlbytes {
 namespace {
 
 // Sixteen bytes that are compared at once. Left to the compiler, the loop over them is not, and
-// takes twenty times as long.
-using Block = unsigned char __attribute__((vector_size(16)));
-using Matches = decltype(Block() == Block());
+// takes twenty times as long. Signed, so that what is beyond ASCII is below it.
+using Block = signed char __attribute__((vector_size(16)));
 
+// The bytes that may be special are 0xFF. Line feeds are none; the other white space is so rare
+// that it is told from control characters later.
 template <bool inText, typename Bytes>
-auto specialBytes(Bytes bytes)
+auto suspects(Bytes bytes)
 {
-    auto special = ((bytes < 0x20) & (bytes != '\n') & (bytes != '\t') & (bytes != '\r')) |
-                   (bytes >= 0x80) | (bytes == ']');
+    auto found = ((bytes < 0x20) & (bytes != '\n')) | (bytes == ']');
     if constexpr (inText)
-        special |= (bytes == '<') | (bytes == '&');
-    return special;
+        found |= (bytes == '<') | (bytes == '&');
+    return found;
 }
 
 template <bool inText>
-Matches specialInBlock(const char* bytes)
+Block suspectsInBlock(const char* bytes)
 {
     Block block;
     std::memcpy(&block, bytes, sizeof(Block));
-    return specialBytes<inText>(block);
+    return suspects<inText>(block);
 }
 
-bool isAny(Matches matches)
+// The position of the first byte that is not 0; the block's length when all are.
+qsizetype firstIn(const Block& block)
 {
-    std::array<quint64, sizeof(Matches) / sizeof(quint64)> halves;
-    std::memcpy(halves.data(), &matches, sizeof(Matches));
-    return (halves[0] | halves[1]) != 0;
+    std::array<quint64, sizeof(Block) / sizeof(quint64)> parts;
+    std::memcpy(parts.data(), &block, sizeof(Block));
+    for (std::size_t part = 0; part < parts.size(); ++part) {
+        if (parts[part] != 0)
+            return static_cast<qsizetype>(part * sizeof(quint64)) +
+                   std::countr_zero(qToLittleEndian(parts[part])) / 8;
+    }
+    return sizeof(Block);
+}
+
+template <bool inText>
+const char* firstSuspect(const char* begin, const char* end)
+{
+    constexpr qsizetype length = sizeof(Block);
+    while (end - begin >= length) {
+        const qsizetype first = firstIn(suspectsInBlock<inText>(begin));
+        begin += first;
+        if (first < length)
+            return begin;
+        while (end - begin >= 4 * length &&
+               firstIn(suspectsInBlock<inText>(begin) | suspectsInBlock<inText>(begin + length) |
+                       suspectsInBlock<inText>(begin + 2 * length) |
+                       suspectsInBlock<inText>(begin + 3 * length)) == length)
+            begin += 4 * length;
+    }
+    while (begin != end && !suspects<inText>(static_cast<signed char>(*begin)))
+        ++begin;
+    return begin;
 }
 
 template <bool inText>
 const char* firstSpecial(const char* begin, const char* end)
 {
-    constexpr qsizetype length = sizeof(Block);
-    // Four blocks a step; where one of them holds something, it is looked for by itself.
-    while (end - begin >= 4 * length &&
-           !isAny(specialInBlock<inText>(begin) | specialInBlock<inText>(begin + length) |
-                  specialInBlock<inText>(begin + 2 * length) |
-                  specialInBlock<inText>(begin + 3 * length)))
-        begin += 4 * length;
-    while (end - begin >= length && !isAny(specialInBlock<inText>(begin)))
-        begin += length;
-    while (begin != end && !specialBytes<inText>(static_cast<unsigned char>(*begin)))
-        ++begin;
-    return begin;
+    const char* place = firstSuspect<inText>(begin, end);
+    while (place != end && isWhiteSpace(*place))
+        place = firstSuspect<inText>(place + 1, end);
+    return place;
 }
 
 bool isAllowed(unsigned character)

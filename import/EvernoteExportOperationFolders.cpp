@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What EvernoteExportOperation lays out: the files folder with the folders of the notebooks, and the log.
+// What EvernoteExportOperation lays out: the files folder with the folders of the notebooks, and
+// the log.
 #include "foundation/BMXLogManager.h"
 #include "foundation/FileNameFitting.h"
 #include "import/EvernoteExportOperation.h"
@@ -30,13 +31,14 @@ Error EvernoteExportOperation::directoryError()
             localizedString("Unable to create the temporary directory to export files.")};
 }
 
-bool EvernoteExportOperation::prepareToExportWithAppIdentifier(const QString& identifier, Error* error)
+bool EvernoteExportOperation::prepareToExportWithAppIdentifier(const QString& identifier,
+                                                               Error* error)
 {
     m_filesPath = m_directories.filesPathFor(identifier);
     // Before there is a log, so this line reaches nobody.
     log(QStringLiteral("Exporting to directory: ") + m_filesPath);
-    if (m_filesPath.isEmpty()
-        || (platform::fileExistsAtPath(m_filesPath) && !platform::removeItem(m_filesPath))) {
+    if (m_filesPath.isEmpty() ||
+        (platform::fileExistsAtPath(m_filesPath) && !platform::removeItem(m_filesPath))) {
         platform::setError(error, directoryError());
         return false;
     }
@@ -46,9 +48,11 @@ bool EvernoteExportOperation::prepareToExportWithAppIdentifier(const QString& id
     m_libraryPlist = std::make_shared<ImportManifest>(m_filesPath);
     openLog(identifier);
     log(QStringLiteral("Vupuge %1 OS X %2")
-            .arg(platform::Bundle::main().shortVersionString(), platform::operatingSystemVersionString()));
+            .arg(platform::Bundle::main().shortVersionString(),
+                 platform::operatingSystemVersionString()));
     log(QStringLiteral("Quillery Version %1 Evernote Version %2")
-            .arg(m_quilleryApp ? m_quilleryApp->version() : nilText, m_evernoteApp ? m_evernoteApp->version() : nilText));
+            .arg(m_quilleryApp ? m_quilleryApp->version() : nilText,
+                 m_evernoteApp ? m_evernoteApp->version() : nilText));
     return true;
 }
 
@@ -58,21 +62,24 @@ void EvernoteExportOperation::openLog(const QString& identifier)
     const QString path = folder + QStringLiteral("/Evernote Export.log");
     static_cast<void>(platform::createDirectory(folder, platform::IntermediateFolders::Create));
     static_cast<void>(platform::removeItem(path));
-    m_logStream = std::make_shared<platform::OutputStream>(path, platform::OutputStream::Mode::Append);
+    m_logStream =
+        std::make_shared<platform::OutputStream>(path, platform::OutputStream::Mode::Append);
     // A run without a log is still a run.
     static_cast<void>(m_logStream->open());
     m_redirection = BMXLogManager::sharedManager().redirectStandardErrorToFileAtPath(path);
 }
 
-Record EvernoteExportOperation::makeNotebookFolder(const QString& name, QString* folderPath, Error* error)
+Record EvernoteExportOperation::makeNotebookFolder(const QString& name, QString* folderPath,
+                                                   Error* error)
 {
-    const QString folderName = fileNameFittingBytes(platform::repairedText(name, platform::TextRepair::ForXml),
-                                                    platform::maximumFileNameBytes);
+    const QString folderName = fileNameFittingBytes(
+        platform::repairedText(name, platform::TextRepair::ForXml), platform::maximumFileNameBytes);
     std::optional<QString> path = platform::pathWithin(m_filesPath, folderName, error);
     *folderPath = path.value_or(m_filesPath + QLatin1Char('/') + folderName);
     if (folderName.compare(platform::manifest::fileName, Qt::CaseInsensitive) == 0) {
         // The manifest's own place.
-        platform::setError(error, platform::fileError(platform::FileAccess::Write, *folderPath, EEXIST));
+        platform::setError(error,
+                           platform::fileError(platform::FileAccess::Write, *folderPath, EEXIST));
         path.reset();
     }
     if (!path || !platform::createDirectory(*path, platform::IntermediateFolders::Require, error))
@@ -85,10 +92,12 @@ Record EvernoteExportOperation::makeNotebookFolder(const QString& name, QString*
 
 void EvernoteExportOperation::logUnableToCreate(const QString& folderPath, const Error& error)
 {
-    log(QStringLiteral("Unable to create notebook directory %1: %2").arg(folderPath, error.description()));
+    log(QStringLiteral("Unable to create notebook directory %1: %2")
+            .arg(folderPath, error.description()));
 }
 
-bool EvernoteExportOperation::prepareToExportNotebook(const Notebook& notebook, QString* notebookFilesPath,
+bool EvernoteExportOperation::prepareToExportNotebook(const Notebook& notebook,
+                                                      QString* notebookFilesPath,
                                                       Record* targetFolder, Error*)
 {
     const QString name = notebook->name();

@@ -2,10 +2,6 @@
 #include "enex/EvernoteXMLParseOperation.h"
 
 #include "enex/ParseFixture.h"
-#include "enex/EvernoteXMLErrors.h"
-
-#include <stdexcept>
-#include <thread>
 
 namespace {
 
@@ -67,36 +63,6 @@ TEST_P(EvernoteXMLParseOperationTest, ReadsEveryField)
     EXPECT_EQ(image.attributes().filename(), text("a&b.png"));
     EXPECT_EQ(note.resources[1]->mime(), text("application/pdf"));
     EXPECT_TRUE(note.resources[1]->attributes().filename().isEmpty());
-}
-
-TEST_P(EvernoteXMLParseOperationTest, DataWithoutAnEncodingEndsTheFileAfterTheNotesBeforeIt)
-{
-    runNotes("<note><title>Before</title></note><note><resource><data>QUJD</data></resource></note>"
-             "<note><title>After</title></note>");
-    EXPECT_EQ(m_titlesInBlock, QStringList{text("Before")});
-    ASSERT_EQ(m_completions.size(), 2u);
-    EXPECT_EQ(m_completions[0]->domain(), text("EvernoteXMLParseOperationErrorDomain"));
-    EXPECT_EQ(m_completions[0]->code(), 1003);
-    EXPECT_EQ(m_completions[0]->localizedDescription(), text("Cannot parse \"(null)\" data."));
-    EXPECT_EQ(m_completions[1]->domain(), text("NSXMLParserErrorDomain"));
-    EXPECT_EQ(m_completions[1]->code(), 512);
-    EXPECT_EQ(m_operation->operationError()->code(), 512);
-}
-
-TEST_P(EvernoteXMLParseOperationTest, AnEncodingInAnotherCaseIsRefused)
-{
-    runNotes("<note><resource><data encoding=\"Base64\">QUJD</data></resource></note>");
-    ASSERT_FALSE(m_completions.empty());
-    EXPECT_EQ(m_completions[0]->code(), 1003);
-    EXPECT_EQ(m_completions[0]->localizedDescription(), text("Cannot parse \"Base64\" data."));
-    EXPECT_TRUE(m_records.empty());
-}
-
-TEST_P(EvernoteXMLParseOperationTest, AnEmptyEncodingIsRefused)
-{
-    runNotes("<note><resource><data encoding=\"\">QUJD</data></resource></note>");
-    ASSERT_FALSE(m_completions.empty());
-    EXPECT_EQ(m_completions[0]->localizedDescription(), text("Cannot parse \"\" data."));
 }
 
 TEST_P(EvernoteXMLParseOperationTest, ContentAsPlainCharactersIsIgnored)
@@ -207,47 +173,6 @@ TEST_P(EvernoteXMLParseOperationTest, ANestedTaskRunsIntoTheNote)
     EXPECT_EQ(m_seen[0].created, QDateTime(QDate(2020, 1, 1), QTime(0, 0), Qt::UTC));
 }
 
-TEST_P(EvernoteXMLParseOperationTest, AnExceptionSkipsThatNoteOnly)
-{
-    m_conversion = [](const QString& title, Error*) -> Record {
-        if (title == text("Bad"))
-            throw std::out_of_range("no such range");
-        return makeRecord();
-    };
-    runNotes("<note><title>Bad</title></note><note><title>Good</title></note>");
-    ASSERT_EQ(m_records.size(), 2u);
-    EXPECT_EQ(m_records[0], nullptr);
-    EXPECT_EQ(m_errors[0]->domain(), text("EvernoteXMLParseOperationErrorDomain"));
-    EXPECT_EQ(m_errors[0]->code(), 1004);
-    EXPECT_EQ(m_errors[0]->localizedDescription(), text("no such range"));
-    EXPECT_NE(m_records[1], nullptr);
-    EXPECT_FALSE(m_errors[1]);
-    EXPECT_THAT(logLines(), ElementsAre(text("Converting \"Bad\""), text("Skipping \"Bad\""), text("Converting \"Good\"")));
-    ASSERT_EQ(m_completions.size(), 1u);
-    EXPECT_FALSE(m_completions[0]);
-}
-
-TEST_P(EvernoteXMLParseOperationTest, AFailedConversionHandsItsErrorOnUnchanged)
-{
-    m_conversion = [](const QString&, Error* error) -> Record {
-        platform::setError(error, Error(text("Own"), 7, text("own text")));
-        return nullptr;
-    };
-    runNotes("<note><title>A</title></note><note><title>B</title></note>");
-    ASSERT_EQ(m_errors.size(), 2u);
-    EXPECT_EQ(m_errors[0], Error(text("Own"), 7, text("own text")));
-    EXPECT_THAT(logLines(), ElementsAre(text("Converting \"A\""), text("Skipping \"A\""), text("Converting \"B\""), text("Skipping \"B\"")));
-}
-
-TEST_P(EvernoteXMLParseOperationTest, NoRecordAndNoErrorAreHandedOnAsSuch)
-{
-    m_conversion = [](const QString&, Error*) -> Record { return nullptr; };
-    runNotes("<note><title>A</title></note>");
-    ASSERT_EQ(m_records.size(), 1u);
-    EXPECT_EQ(m_records[0], nullptr);
-    EXPECT_FALSE(m_errors[0]);
-}
-
 TEST_P(EvernoteXMLParseOperationTest, DebugModeLogsEveryEventButNoText)
 {
     m_debugMode = true;
@@ -259,89 +184,6 @@ TEST_P(EvernoteXMLParseOperationTest, DebugModeLogsEveryEventButNoText)
                             text("parser:foundCDATA:"), text("parser:didEndElement: content"),
                             text("parser:didEndElement: note"), text("Converting \"T\""),
                             text("parser:didEndElement: en-export")));
-}
-
-TEST_P(EvernoteXMLParseOperationTest, CancellingInTheMiddleStopsAfterTheCurrentEvent)
-{
-    m_afterEachNote = [this] { m_operation->cancel(); };
-    runNotes("<note><title>One</title></note><note><title>Two</title></note>");
-    EXPECT_EQ(m_titlesInBlock, QStringList{text("One")});
-    ASSERT_EQ(m_completions.size(), 1u);
-    EXPECT_EQ(m_completions[0]->domain(), text("NSXMLParserErrorDomain"));
-    EXPECT_EQ(m_completions[0]->code(), 512);
-    EXPECT_TRUE(m_operation->isCancelled());
-}
-
-TEST_P(EvernoteXMLParseOperationTest, CancellingFromAnotherThreadEndsTheParse)
-{
-    m_afterEachNote = [this] {
-        std::thread([this] { m_operation->cancel(); }).join();
-    };
-    runNotes("<note><title>One</title></note><note><title>Two</title></note>");
-    EXPECT_EQ(m_titlesInBlock, QStringList{text("One")});
-}
-
-TEST_P(EvernoteXMLParseOperationTest, CancelledBeforeItRunsItReadsNothing)
-{
-    prepare(QUrl::fromLocalFile(m_folder.write(text("a.enex"), "<en-export><note/></en-export>")));
-    m_operation->cancel();
-    m_operation->start();
-    EXPECT_TRUE(m_records.empty());
-    EXPECT_TRUE(m_operation->isFinished());
-}
-
-TEST_P(EvernoteXMLParseOperationTest, MalformedXmlEndsTheFileWithTheReadersErrorTwice)
-{
-    run("<en-export><note><title>One</title></note><note><title>Broken</note></en-export>");
-    EXPECT_EQ(m_titlesInBlock, QStringList{text("One")});
-    ASSERT_EQ(m_completions.size(), 2u);
-    EXPECT_EQ(m_completions[0]->domain(), text("NSXMLParserErrorDomain"));
-    EXPECT_EQ(m_completions[1]->domain(), text("NSXMLParserErrorDomain"));
-    EXPECT_TRUE(m_completions[0]->localizedDescription().contains(text("line 1"))) << qPrintable(m_completions[0]->localizedDescription());
-}
-
-TEST_P(EvernoteXMLParseOperationTest, AUrlThatIsNoFileCannotBecomeAStream)
-{
-    runFile(QUrl(text("http://example.org/a.enex")));
-    ASSERT_EQ(m_completions.size(), 1u);
-    EXPECT_EQ(m_completions[0]->domain(), text("EvernoteXMLParseOperationErrorDomain"));
-    EXPECT_EQ(m_completions[0]->code(), 1001);
-    EXPECT_EQ(m_completions[0]->localizedDescription(), text("Cannot create input stream."));
-}
-
-TEST_P(EvernoteXMLParseOperationTest, WithoutAParserTheFileEndsWithAnError)
-{
-    class WithoutParser : public EvernoteXMLParseOperation {
-        std::unique_ptr<platform::XMLParser> createParser(platform::InputStream&) override { return nullptr; }
-    };
-    WithoutParser operation;
-    operation.setEvernoteFileURL(QUrl::fromLocalFile(m_folder.write(text("a.enex"), "<en-export><note/></en-export>")));
-    std::vector<std::optional<Error>> completions;
-    operation.setParseOperationCompletionBlock([&](const std::optional<Error>& error) { completions.push_back(error); });
-    operation.start();
-    ASSERT_EQ(completions.size(), 1u);
-    EXPECT_EQ(completions[0], Error(text("EvernoteXMLParseOperationErrorDomain"), 1002, text("Cannot create parser.")));
-    EXPECT_EQ(operation.operationError(), completions[0]);
-    EXPECT_TRUE(operation.operationFinished());
-    EXPECT_FALSE(operation.operationExecuting());
-}
-
-TEST_P(EvernoteXMLParseOperationTest, ANewOperationNamesNoFileAndSoHasNoStream)
-{
-    EvernoteXMLParseOperation operation;
-    std::vector<std::optional<Error>> completions;
-    operation.setParseOperationCompletionBlock([&](const std::optional<Error>& error) { completions.push_back(error); });
-    operation.start();
-    ASSERT_EQ(completions.size(), 1u);
-    EXPECT_EQ(completions[0]->code(), 1001);
-}
-
-TEST_P(EvernoteXMLParseOperationTest, AMissingFileEndsWithTheReadersErrorThatNamesIt)
-{
-    runFile(QUrl::fromLocalFile(text("/nowhere/Notes.enex")));
-    ASSERT_FALSE(m_completions.empty());
-    EXPECT_EQ(m_completions.back()->domain(), text("NSXMLParserErrorDomain"));
-    EXPECT_TRUE(m_completions.back()->localizedDescription().contains(text("/nowhere/Notes.enex")));
 }
 
 TEST_P(EvernoteXMLParseOperationTest, ANoteWithinANoteIsConvertedAndTheOuterEndIsReportedEmpty)
